@@ -1,0 +1,33 @@
+# Compiler flags, all on one interface target: tslm5_flags.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+add_library(tslm5_flags INTERFACE)
+target_compile_options(tslm5_flags INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor
+                                             -Woverloaded-virtual)
+if(TSLM5_WARNINGS_AS_ERRORS)
+  target_compile_options(tslm5_flags INTERFACE -Werror)
+endif()
+if(TSLM5_SANITIZE)
+  target_compile_options(tslm5_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
+                                               -fno-sanitize-recover=all)
+  target_link_options(tslm5_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+find_program(TSLM5_CCACHE ccache)
+if(TSLM5_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${TSLM5_CCACHE}")
+endif()

@@ -1,0 +1,30 @@
+# tslm5_room(NAME <room> [SOURCES <file>...] [DEPENDS <target>...] [TESTS <file>...])
+#
+# Makes the static library tslm5_<room> from files of src/<room>/ and, from files of tests/<room>/,
+# the test program <room>_tests with one CTest test a GoogleTest test. A room without SOURCES is
+# headers alone. DEPENDS names what the room itself uses; its tests may use whatever is below it.
+function(tslm5_room)
+  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;DEPENDS;TESTS;TEST_DEPENDS" ${ARGN})
+  set(target tslm5_${ROOM_NAME})
+  if(ROOM_SOURCES)
+    add_library(${target} STATIC ${ROOM_SOURCES})
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/include"
+                                                "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${target} PUBLIC ${ROOM_DEPENDS} PRIVATE tslm5_flags)
+  else()
+    add_library(${target} INTERFACE)
+    target_include_directories(${target} INTERFACE "${PROJECT_SOURCE_DIR}/include"
+                                                   "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${target} INTERFACE ${ROOM_DEPENDS})
+  endif()
+
+  if(ROOM_TESTS)
+    list(TRANSFORM ROOM_TESTS PREPEND "${PROJECT_SOURCE_DIR}/tests/${ROOM_NAME}/")
+    add_executable(${ROOM_NAME}_tests ${ROOM_TESTS})
+    target_include_directories(${ROOM_NAME}_tests PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${ROOM_NAME}_tests PRIVATE ${target} ${ROOM_TEST_DEPENDS} tslm5_flags
+                                                     GTest::gmock_main)
+    gtest_discover_tests(${ROOM_NAME}_tests DISCOVERY_MODE PRE_TEST
+                         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+  endif()
+endfunction()

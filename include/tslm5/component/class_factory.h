@@ -1,0 +1,33 @@
+#ifndef TSLM5_COMPONENT_CLASS_FACTORY_H_
+#define TSLM5_COMPONENT_CLASS_FACTORY_H_
+
+#include "tslm5/platform/ref.h"
+#include "tslm5/platform/unknown.h"
+
+namespace tslm5 {
+
+/// The identifiers of the component's public classes.
+namespace class_id {
+inline constexpr Uuid kDataSetLite{0x54534c4d350000c1ULL, 0x8a1f4c0b6d2e73c1ULL};
+inline constexpr Uuid kInMemorySet{0x54534c4d350000c2ULL, 0x8a1f4c0b6d2e73c2ULL};
+inline constexpr Uuid kOriginalDataSet{0x54534c4d350000c3ULL, 0x8a1f4c0b6d2e73c3ULL};
+inline constexpr Uuid kParseEventArgs{0x54534c4d350000c4ULL, 0x8a1f4c0b6d2e73c4ULL};
+inline constexpr Uuid kRecordParsedEventArgs{0x54534c4d350000c5ULL, 0x8a1f4c0b6d2e73c5ULL};
+inline constexpr Uuid kRunSchema{0x54534c4d350000c6ULL, 0x8a1f4c0b6d2e73c6ULL};
+}  // namespace class_id
+
+/// A class object: makes the objects of one class.
+class IClassFactory : public IUnknown {
+ public:
+  static constexpr Uuid kId{0x54534c4d35000081ULL, 0x8a1f4c0b6d2e7381ULL};
+
+  /// A new object with its defaults.
+  virtual Ref<IUnknown> CreateInstance() = 0;
+
+ protected:
+  ~IClassFactory() = default;
+};
+
+}  // namespace tslm5
+
+#endif  // TSLM5_COMPONENT_CLASS_FACTORY_H_

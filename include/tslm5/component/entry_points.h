@@ -1,0 +1,32 @@
+#ifndef TSLM5_COMPONENT_ENTRY_POINTS_H_
+#define TSLM5_COMPONENT_ENTRY_POINTS_H_
+
+/* What libTSLM5DataManager.so exports. Plain C: results are codes, nothing is thrown. */
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Result codes. */
+#define TSLM5_OK 0
+#define TSLM5_FALSE 1
+#define TSLM5_NO_INTERFACE ((int32_t)0x80004002)
+#define TSLM5_NULL_POINTER ((int32_t)0x80004003)
+#define TSLM5_FAILED ((int32_t)0x80004005)
+#define TSLM5_CLASS_NOT_AVAILABLE ((int32_t)0x80040111)
+
+/* Puts the class object of the class `class_id` into *object, as the interface `interface_id`
+ * (IClassFactory or IUnknown), counted; both point to 16 bytes laid out as `tslm5::Uuid`.
+ * On failure *object is null. */
+int32_t DllGetClassObject(const void* class_id, const void* interface_id, void** object);
+
+/* TSLM5_OK when no object of this library lives, so that it may be unloaded; else TSLM5_FALSE. */
+int32_t DllCanUnloadNow(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* TSLM5_COMPONENT_ENTRY_POINTS_H_ */

@@ -1,0 +1,72 @@
+#ifndef TSLM5_PLATFORM_DICTIONARY_H_
+#define TSLM5_PLATFORM_DICTIONARY_H_
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "tslm5/platform/error.h"
+#include "tslm5/platform/variant.h"
+
+namespace tslm5 {
+
+/// A map that keeps the order of its insertions and compares keys exactly: by kind and value, so
+/// "Yes" and "yes" are two keys, and so are 1 and "1"; 1 and 1.0 are one.
+/// Keys are numbers, booleans or texts; any other kind raises 13.
+class Dictionary {
+ public:
+  /// Adds a new entry at the end. A key already present raises 457 and changes nothing.
+  void Add(const Variant& key, Variant value) {
+    if (!places_.emplace(Encode(key), entries_.size()).second) {
+      throw Error(error_number::kKeyPresent, "Dictionary",
+                  "The key \"" + key.ToString() + "\" is already present.");
+    }
+    entries_.emplace_back(key, std::move(value));
+  }
+
+  /// Writes the value of a key, adding the key at the end when it is new.
+  void Set(const Variant& key, Variant value) {
+    const auto place = places_.emplace(Encode(key), entries_.size());
+    if (place.second) {
+      entries_.emplace_back(key, std::move(value));
+    } else {
+      entries_[place.first->second].second = std::move(value);
+    }
+  }
+
+  /// The value of `key`; an absent key gives an empty variant.
+  Variant Item(const Variant& key) const {
+    const auto place = places_.find(Encode(key));
+    return place == places_.end() ? Variant() : entries_[place->second].second;
+  }
+
+  bool Exists(const Variant& key) const { return places_.contains(Encode(key)); }
+  std::size_t Count() const { return entries_.size(); }
+
+  /// Keys and values in the order of insertion.
+  const std::vector<std::pair<Variant, Variant>>& Entries() const { return entries_; }
+
+ private:
+  static std::string Encode(const Variant& key) {
+    switch (key.GetKind()) {
+      case Variant::Kind::kInteger:
+      case Variant::Kind::kDouble:
+        return "n" + NumberText(key.ToDouble());
+      case Variant::Kind::kBoolean:
+        return key.ToBoolean() ? "b1" : "b0";
+      case Variant::Kind::kString:
+        return "s" + key.ToString();
+      default:
+        RaiseTypeMismatch();
+    }
+  }
+
+  std::vector<std::pair<Variant, Variant>> entries_;
+  std::unordered_map<std::string, std::size_t> places_;
+};
+
+}  // namespace tslm5
+
+#endif  // TSLM5_PLATFORM_DICTIONARY_H_
