@@ -1,0 +1,198 @@
+#!/usr/bin/env python3
+"""Fails when an #include climbs.
+
+    scripts/check_floors.py [ROOT]
+
+Reads every #include under include/, src/, host/, tests/, bench/ and examples/ of ROOT (by default
+the project this script belongs to) and holds it to the rules of the house, which docs/architecture.md
+explains. Prints one line for each include that breaks a rule; exit code 0 none, 1 some, 2 nothing read.
+"""
+
+import re
+import sys
+from pathlib import Path
+from typing import Iterator, NamedTuple, Optional
+
+# The rooms and their floors, from the ground up. Rooms on one floor do not know each other.
+FLOORS = {
+    "platform": 0,
+    "contracts": 1,
+    "support": 2,
+    "engine": 3,
+    "storage": 4,
+    "statistics": 5,
+    "datacheck": 6,
+    "datasetlite": 7,
+    "inmemory": 7,
+    "original": 7,
+    "component": 8,
+}
+
+# What a room may not know although it lies below: (room, the other room) -> the reason.
+NEVER = {
+    ("engine", "contracts"): "the engine knows nothing of datasets",
+    ("datacheck", "engine"): "the check does not know where the data will be kept",
+    ("datacheck", "storage"): "the check does not know where the data will be kept",
+}
+
+SQLITE_HEADERS = {"sqlite3.h", "sqlite3ext.h"}
+SQLITE_FOLDERS = ("src/engine/", "tests/engine/", "bench/")
+
+FOLDERS = ("include", "src", "host", "tests", "bench", "examples")
+SUFFIXES = {".h", ".hpp", ".hh", ".inc", ".ipp", ".c", ".cc", ".cpp", ".cxx"}
+SEARCH_PATHS = ("include", "src", "tests", ".")
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*(?:<([^>]+)>|"([^"]+)"|(\S+))')
+STANDARD_HEADER = re.compile(r"[a-z0-9_]+|(stdint|stddef|stdbool|limits|float)\.h")
+
+
+class Place(NamedTuple):
+    """Where a file stands: `kind` is public, private, host, tests, bench, examples or foreign."""
+
+    kind: str
+    room: str = ""
+
+
+class Finding(NamedTuple):
+    path: str
+    line_number: int
+    included: str
+    reason: str
+
+    def __str__(self) -> str:
+        return f"{self.path}:{self.line_number}: includes {self.included}: {self.reason}"
+
+
+def place_of(path: str) -> Place:
+    """The place of a path relative to the root, with "/" between its parts."""
+    parts = path.split("/")
+    if parts[:2] == ["include", "tslm5"]:
+        return Place("public", parts[2])
+    if parts[0] == "src":
+        return Place("private", parts[1])
+    if parts[0] == "tests":
+        return Place("tests", parts[1] if len(parts) > 2 else "")
+    if parts[0] in FOLDERS:
+        return Place(parts[0])
+    return Place("foreign")
+
+
+def target_of(root: Path, path: str, name: str, quoted: bool) -> Place:
+    """The place of what `path` includes by `name`; foreign when it is none of the project's files."""
+    candidates = [root / folder / name for folder in SEARCH_PATHS]
+    if quoted:
+        candidates.insert(0, (root / path).parent / name)
+    for candidate in candidates:
+        if candidate.is_file():
+            resolved = candidate.resolve()
+            if not resolved.is_relative_to(root):
+                return Place("foreign")
+            return place_of(resolved.relative_to(root).as_posix())
+    # A header that is made by the build, or not yet written: its name says where it belongs.
+    first, _, rest = name.partition("/")
+    if first == "tslm5" and "/" in rest:
+        return Place("public", rest.split("/")[0])
+    if rest and first in FLOORS:
+        return Place("private", first)
+    if rest and first in ("host", "tests", "bench", "examples"):
+        return place_of(name)
+    return Place("foreign")
+
+
+def climb(room: str, target: Place) -> Optional[str]:
+    """Why a file of `room` may not include `target`, a room's header; None when it may."""
+    if (room, target.room) in NEVER:
+        return NEVER[room, target.room]
+    if target.room == room:
+        return None
+    if FLOORS[target.room] > FLOORS[room]:
+        return f"{target.room} is a floor above {room}"
+    if FLOORS[target.room] == FLOORS[room]:
+        return f"{target.room} and {room} do not know each other"
+    if target == Place("private", "engine"):
+        return "the engine is a library of its own: only its headers in include/tslm5/ may be seen"
+    return None
+
+
+def reason_against(source: Place, target: Place) -> Optional[str]:
+    """Why a file at `source` may not include one at `target`; None when it may."""
+    for place in (source, target):
+        if place.kind in ("public", "private") and place.room not in FLOORS:
+            return f"{place.room} is no room of the house (see FLOORS in scripts/check_floors.py)"
+    if target.kind == "foreign":
+        return None
+    if source.kind in ("public", "private"):
+        if target.kind not in ("public", "private"):
+            return f"a room may not look into {target.kind}/"
+        if source.kind == "public" and target.kind == "private":
+            return "a public header may include public headers alone"
+        return climb(source.room, target)
+    if source.kind in ("host", "examples"):
+        if target.kind == "public" or target.kind == source.kind:
+            return None
+        return f"{source.kind}/ sees the public headers in include/tslm5/ alone"
+    if target.kind in ("public", "private", "tests") or target.kind == source.kind:
+        return None
+    if target.kind == "host" and source == Place("tests", "host"):
+        return None
+    return f"{source.kind}/ may not look into {target.kind}/"
+
+
+def check_include(root: Path, path: str, name: str, quoted: bool) -> Optional[str]:
+    """Why the file at `path` may not include `name`; None when it may."""
+    if Path(name).name in SQLITE_HEADERS:
+        if path.startswith(SQLITE_FOLDERS):
+            return None
+        return "only src/engine/ knows SQLite"
+    source = place_of(path)
+    target = target_of(root, path, name, quoted)
+    if source.kind == "public" and target.kind == "foreign" and not STANDARD_HEADER.fullmatch(name):
+        return "a public header needs nothing but the standard library"
+    return reason_against(source, target)
+
+
+def source_files(root: Path) -> Iterator[Path]:
+    for folder in FOLDERS:
+        for path in sorted((root / folder).rglob("*")):
+            if path.suffix in SUFFIXES and path.is_file():
+                yield path
+
+
+def check_file(root: Path, file: Path) -> tuple[int, list[Finding]]:
+    """The number of includes in `file`, and those of them that break a rule."""
+    path = file.relative_to(root).as_posix()
+    count = 0
+    findings = []
+    text = file.read_text(encoding="utf-8", errors="replace")
+    for line_number, line in enumerate(text.splitlines(), start=1):
+        match = INCLUDE.match(line)
+        if not match:
+            continue
+        count += 1
+        angled, quoted, other = match.groups()
+        if other:
+            findings.append(Finding(path, line_number, other, "an include names its file plainly"))
+            continue
+        reason = check_include(root, path, angled or quoted, bool(quoted))
+        if reason:
+            findings.append(Finding(path, line_number, angled or quoted, reason))
+    return count, findings
+
+
+def main(arguments: list[str]) -> int:
+    root = Path(arguments[0] if arguments else Path(__file__).parent.parent).resolve()
+    files = list(source_files(root))
+    if not files:
+        print(f"check_floors: no source file under {root}", file=sys.stderr)
+        return 2
+    checked = [check_file(root, file) for file in files]
+    findings = [finding for _, found in checked for finding in found]
+    for finding in findings:
+        print(finding)
+    includes = sum(count for count, _ in checked)
+    print(f"{len(files)} files, {includes} includes, {len(findings)} against the floors")
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))

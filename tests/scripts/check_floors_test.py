@@ -1,0 +1,115 @@
+"""Proves that scripts/check_floors.py finds an include that climbs, and lets the others pass."""
+
+import contextlib
+import io
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+import check_floors  # noqa: E402
+
+
+class CheckFloorsTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name).resolve()
+
+    def write(self, path, *lines):
+        file = self.root / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text("".join(line + "\n" for line in lines), encoding="utf-8")
+
+    def run_check(self):
+        """The exit code and what was printed."""
+        printed = io.StringIO()
+        with contextlib.redirect_stdout(printed), contextlib.redirect_stderr(printed):
+            code = check_floors.main([str(self.root)])
+        return code, printed.getvalue()
+
+    def test_allowed_includes_pass(self):
+        cases = [
+            ("src/storage/a.cpp", '"storage/table.h"'),
+            ("src/storage/a.cpp", '"support/text.h"'),
+            ("src/storage/a.cpp", '"tslm5/engine/connection.h"'),
+            ("src/storage/a.cpp", "<fmt/format.h>"),
+            ("src/engine/a.cpp", "<sqlite3.h>"),
+            ("src/engine/a.cpp", '"tslm5/platform/ref.h"'),
+            ("src/component/a.cpp", '"datasetlite/set.h"'),
+            ("include/tslm5/engine/a.h", "<string_view>"),
+            ("include/tslm5/component/a.h", "<stdint.h>"),
+            ("include/tslm5/component/a.h", '"tslm5/contracts/data_set.h"'),
+            ("host/a.cpp", '"tslm5/component/create_object.h"'),
+            ("host/a.cpp", "<CLI/CLI.hpp>"),
+            ("host/a.cpp", '"host/load.h"'),
+            ("examples/a.cpp", '"tslm5/engine/open_run.h"'),
+            ("tests/storage/a.cpp", '"engine/statement.h"'),
+            ("tests/storage/a.cpp", '"fakes/recording_engine.h"'),
+            ("tests/host/a.cpp", '"host/load.h"'),
+            ("tests/engine/a.cpp", "<sqlite3.h>"),
+            ("bench/a.cpp", "<sqlite3.h>"),
+            ("bench/a.cpp", '"datasetlite/set.h"'),
+        ]
+        for path, name in cases:
+            with self.subTest(path=path, name=name):
+                self.write(path, f"#include {name}")
+                self.assertEqual(self.run_check(), (0, "1 files, 1 includes, 0 against the floors\n"))
+                (self.root / path).unlink()
+
+    def test_forbidden_includes_fail(self):
+        cases = [
+            ("src/support/a.cpp", '"storage/table.h"', "storage is a floor above support"),
+            ("src/platform/a.h", '"tslm5/contracts/x.h"', "contracts is a floor above platform"),
+            ("src/support/a.h", "<tslm5/engine/x.h>", "engine is a floor above support"),
+            ("src/engine/a.h", '"tslm5/contracts/x.h"', "the engine knows nothing of datasets"),
+            ("src/storage/a.cpp", '"engine/statement.h"', "the engine is a library of its own"),
+            ("src/storage/a.cpp", "<sqlite3.h>", "only src/engine/ knows SQLite"),
+            ("host/a.cpp", "<sqlite3.h>", "only src/engine/ knows SQLite"),
+            ("tests/storage/a.cpp", "<sqlite3.h>", "only src/engine/ knows SQLite"),
+            ("src/inmemory/a.cpp", '"datasetlite/set.h"', "do not know each other"),
+            ("src/original/a.cpp", '"inmemory/set.h"', "do not know each other"),
+            ("src/datacheck/a.cpp", '"storage/table.h"', "where the data will be kept"),
+            ("src/statistics/a.cpp", '"datasetlite/set.h"', "a floor above statistics"),
+            ("src/component/a.cpp", '"host/load.h"', "may not look into host/"),
+            ("src/storage/a.cpp", '"tests/fakes/engine.h"', "may not look into tests/"),
+            ("src/cellar/a.cpp", '"tslm5/platform/x.h"', "cellar is no room of the house"),
+            ("include/tslm5/engine/a.h", '"engine/x.h"', "public headers alone"),
+            ("include/tslm5/contracts/a.h", '"tslm5/engine/x.h"', "a floor above contracts"),
+            ("include/tslm5/platform/a.h", "<fmt/format.h>", "nothing but the standard library"),
+            ("host/a.cpp", '"support/text.h"', "the public headers in include/tslm5/ alone"),
+            ("examples/a.cpp", '"platform/x.h"', "the public headers in include/tslm5/ alone"),
+            ("tests/storage/a.cpp", '"host/load.h"', "may not look into host/"),
+            ("bench/a.cpp", '"host/load.h"', "may not look into host/"),
+            ("src/support/a.cpp", "HEADER_NAME", "names its file plainly"),
+        ]
+        for path, name, reason in cases:
+            with self.subTest(path=path, name=name):
+                self.write(path, "", f"  # include {name}  // why not")
+                code, printed = self.run_check()
+                self.assertEqual(code, 1)
+                self.assertIn(f"{path}:2: includes {name.strip(chr(34) + '<>')}: ", printed)
+                self.assertIn(reason, printed)
+                (self.root / path).unlink()
+
+    def test_a_path_through_the_parent_folder_climbs_too(self):
+        self.write("src/datasetlite/set.h")
+        self.write("src/storage/a.cpp", '#include "../datasetlite/set.h"')
+        code, printed = self.run_check()
+        self.assertEqual(code, 1)
+        self.assertIn("datasetlite is a floor above storage", printed)
+
+    def test_a_bare_name_means_the_file_beside(self):
+        self.write("src/storage/table.h")
+        self.write("src/storage/a.cpp", '#include "table.h"')
+        self.assertEqual(self.run_check()[0], 0)
+
+    def test_a_root_without_sources_is_an_error(self):
+        code, printed = self.run_check()
+        self.assertEqual(code, 2)
+        self.assertIn("no source file", printed)
+
+
+if __name__ == "__main__":
+    unittest.main()
