@@ -28,3 +28,22 @@ function(tslm5_room)
                          WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
   endif()
 endfunction()
+
+# tslm5_shared(NAME <library> FROM <target> EXPORTS <version script>)
+#
+# Makes the shared library lib<library>.so of everything in <target>; the version script (in the
+# calling folder) names all that it exports.
+function(tslm5_shared)
+  cmake_parse_arguments(SHARED "" "NAME;FROM;EXPORTS" "" ${ARGN})
+  set(script "${CMAKE_CURRENT_SOURCE_DIR}/${SHARED_EXPORTS}")
+  file(GENERATE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/${SHARED_NAME}.cpp"
+       CONTENT "// The library's code is in its rooms.\n")
+  add_library(${SHARED_NAME} SHARED "${CMAKE_CURRENT_BINARY_DIR}/${SHARED_NAME}.cpp")
+  target_include_directories(${SHARED_NAME} INTERFACE "${PROJECT_SOURCE_DIR}/include")
+  target_link_libraries(${SHARED_NAME} PRIVATE "-Wl,--whole-archive" ${SHARED_FROM}
+                                               "-Wl,--no-whole-archive" tslm5_flags)
+  target_link_options(${SHARED_NAME} PRIVATE "-Wl,--version-script=${script}" "-Wl,--no-undefined")
+  set_target_properties(${SHARED_NAME} PROPERTIES LINK_DEPENDS "${script}"
+                                                  VERSION ${PROJECT_VERSION}
+                                                  SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()

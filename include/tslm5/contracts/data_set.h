@@ -46,7 +46,8 @@ class IDataSet : public IUnknown {
   virtual std::string GetProperty(std::string_view pKey) = 0;
   /// Loads a delimited text file. Separator: `separator_code`; layout: `layout_code`. With
   /// `pHasLabels` the first line is the labels row. Raises 41001 for an empty file name, 41012 for
-  /// an unknown separator code, and what reading or storing raises; the earlier data are whole then.
+  /// an unknown separator code, and what reading or storing raises; the earlier data are whole
+  /// then.
   virtual void Parse(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels,
                      std::int32_t pDataSetType, std::int32_t pLayout) = 0;
   /// Loads from a text held in memory, which is cleaned in place.
@@ -92,10 +93,10 @@ class IDataSet : public IUnknown {
   virtual double GetGlobalCentroid(std::int32_t pColumn) = 0;
   virtual double GetGlobalMedoid(std::int32_t pColumn) = 0;
   /// Centroid of a column within response class 0 or 1; another index writes nothing.
-  virtual void GetClassCentroid(std::int32_t pColumn, std::int32_t pClassIndex,
-                                double& pClassValue, double& pValue) = 0;
-  virtual void GetClassMedoid(std::int32_t pColumn, std::int32_t pClassIndex,
-                              double& pClassValue, double& pValue) = 0;
+  virtual void GetClassCentroid(std::int32_t pColumn, std::int32_t pClassIndex, double& pClassValue,
+                                double& pValue) = 0;
+  virtual void GetClassMedoid(std::int32_t pColumn, std::int32_t pClassIndex, double& pClassValue,
+                              double& pValue) = 0;
   virtual bool HasClassRecordStatistics() = 0;
   virtual bool HasGlobalRecordStatistics() = 0;
   /// Computes the run's statistics tables. `pFeedback` (may be null) shows progress and may stop.

@@ -7,8 +7,8 @@
 
 namespace tslm5 {
 
-/// Sink of a `DataSetLite`'s events, raised on the caller's thread; the handler runs before the work
-/// goes on. Attach with `IConnectionPoint::Advise`.
+/// Sink of a `DataSetLite`'s events, raised on the caller's thread; the handler runs before the
+/// work goes on. Attach with `IConnectionPoint::Advise`.
 class IDataSetLiteEvents : public IUnknown {
  public:
   static constexpr Uuid kId{0x54534c4d35000024ULL, 0x8a1f4c0b6d2e7324ULL};

@@ -10,7 +10,8 @@
 
 namespace tslm5 {
 
-/// A dataset as the deployment side reads it, whatever class holds it. Read-only; column before row.
+/// A dataset as the deployment side reads it, whatever class holds it. Read-only; column before
+/// row.
 class IDeploymentDataSet : public IUnknown {
  public:
   static constexpr Uuid kId{0x54534c4d35000015ULL, 0x8a1f4c0b6d2e7315ULL};

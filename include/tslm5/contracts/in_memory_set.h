@@ -23,8 +23,8 @@ class IInMemorySet : public IUnknown {
   /// Removes empty lines at the end of `pData`, in place, and returns the text.
   virtual std::string RemoveEmptyLinesAtEnd(std::string& pData) = 0;
   /// As `IDataSet::Parse`, its events carrying the caller's `pEvArgs` (may be null).
-  virtual void ParseWithEvents(std::string_view pFileName, std::int32_t pSeparator,
-                               bool pHasLabels, std::int32_t pDataSetType, std::int32_t pLayout,
+  virtual void ParseWithEvents(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels,
+                               std::int32_t pDataSetType, std::int32_t pLayout,
                                IParseEventArgs* pEvArgs) = 0;
 
  protected:

@@ -16,8 +16,8 @@ class INominalDataSet : public IUnknown {
   static constexpr Uuid kId{0x54534c4d35000023ULL, 0x8a1f4c0b6d2e7323ULL};
 
   virtual void Parse(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels,
-                     std::int32_t pDataSetType, std::int32_t pLayout,
-                     std::int32_t pProblemCategory, IParseEventArgs* pEvArgs) = 0;
+                     std::int32_t pDataSetType, std::int32_t pLayout, std::int32_t pProblemCategory,
+                     IParseEventArgs* pEvArgs) = 0;
   virtual void ParseString(std::string& pText, std::int32_t pSeparator, bool pHasLabels,
                            std::int32_t pDataSetType, std::int32_t pLayout,
                            std::int32_t pProblemCategory, IParseEventArgs* pEvArgs) = 0;

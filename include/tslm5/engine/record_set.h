@@ -35,8 +35,7 @@ class IRecordSet : public IUnknown {
   /// Reads a field of any record as a number without moving; false when there is no such cell.
   /// A cell that holds no number (NULL, or text that is not one) reads as NaN.
   /// The fast way: one call a cell, no variant.
-  virtual bool ReadNumber(std::int32_t pRecordNumber, std::int32_t pFieldIndex,
-                          double* pValue) = 0;
+  virtual bool ReadNumber(std::int32_t pRecordNumber, std::int32_t pFieldIndex, double* pValue) = 0;
 
  protected:
   ~IRecordSet() = default;

@@ -53,7 +53,7 @@ class Dictionary {
     switch (key.GetKind()) {
       case Variant::Kind::kInteger:
       case Variant::Kind::kDouble:
-        return "n" + NumberText(key.ToDouble());
+        return "n" + NumberText(key.ToDouble() + 0.0);  // the sum makes -0 the key 0
       case Variant::Kind::kBoolean:
         return key.ToBoolean() ? "b1" : "b0";
       case Variant::Kind::kString:

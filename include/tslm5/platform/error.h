@@ -21,8 +21,8 @@ inline constexpr std::int32_t kFileNotFound = 53;
 inline constexpr std::int32_t kFileAccess = 75;  ///< a file exists but cannot be read or written
 inline constexpr std::int32_t kNoCurrentRecord = 100;
 inline constexpr std::int32_t kCannotCreateObject = 429;
-inline constexpr std::int32_t kUnknownMember = 438;     ///< call by a name that is not there
-inline constexpr std::int32_t kArgumentCount = 450;     ///< call by name, too many or too few
+inline constexpr std::int32_t kUnknownMember = 438;  ///< call by a name that is not there
+inline constexpr std::int32_t kArgumentCount = 450;  ///< call by name, too many or too few
 inline constexpr std::int32_t kKeyPresent = 457;
 inline constexpr std::int32_t kColumnTooLarge = 12125;
 inline constexpr std::int32_t kColumnBelowZero = 12126;
@@ -63,7 +63,9 @@ class Error : public std::runtime_error {
   throw Error(error_number::kTypeMismatch, "", "Type mismatch");
 }
 
-[[noreturn]] inline void RaiseOverflow() { throw Error(error_number::kOverflow, "", "Overflow"); }
+[[noreturn]] inline void RaiseOverflow() {
+  throw Error(error_number::kOverflow, "", "Overflow");
+}
 
 [[noreturn]] inline void RaiseSubscriptOutOfRange() {
   throw Error(error_number::kSubscriptOutOfRange, "", "Subscript out of range");

@@ -36,8 +36,12 @@ class LiveObjects {
     return {list_.begin(), list_.end()};
   }
 #else
-  static void Add(const void*) { count_.fetch_add(1, std::memory_order_relaxed); }
-  static void Remove(const void*) { count_.fetch_sub(1, std::memory_order_relaxed); }
+  static void Add(const void*) {
+    count_.fetch_add(1, std::memory_order_relaxed);
+  }
+  static void Remove(const void*) {
+    count_.fetch_sub(1, std::memory_order_relaxed);
+  }
 #endif
 
  private:

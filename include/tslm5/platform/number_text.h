@@ -21,7 +21,9 @@ inline constexpr std::uint64_t kLargestExactMantissa = std::uint64_t{1} << 53;
 inline constexpr std::ptrdiff_t kDigitsOf64Bits = 19;
 inline constexpr int kExponentCap = 100000;  // beyond any double, far from integer overflow
 
-inline bool IsDigit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
+inline bool IsDigit(char c) {
+  return static_cast<unsigned char>(c - '0') < 10;
+}
 
 /// Whether the number [first, last) of the grammar, which no double can hold, is too large rather
 /// than too small: the place of its first non-zero digit, moved by the exponent, decides.
@@ -137,7 +139,8 @@ inline char* WriteNumber(char* buffer, double value) {
   const char* end = written.ptr;
   char* out = buffer;
   if (*p == '-') *out++ = *p++;
-  const char* mark = static_cast<const char*>(std::memchr(p, 'e', static_cast<std::size_t>(end - p)));
+  const char* mark =
+      static_cast<const char*>(std::memchr(p, 'e', static_cast<std::size_t>(end - p)));
   if (mark == nullptr) {  // nan, inf
     std::memcpy(out, p, static_cast<std::size_t>(end - p));
     return out + (end - p);

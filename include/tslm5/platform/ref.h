@@ -27,12 +27,12 @@ class Ref {
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
 
   template <class U>
-    requires(std::derived_from<U, T> && !std::same_as<U, T>)
-  Ref(const Ref<U>& other) : Ref(static_cast<T*>(other.get())) {}
+  requires(std::derived_from<U, T> && !std::same_as<U, T>) Ref(const Ref<U>& other)
+      : Ref(static_cast<T*>(other.get())) {}
 
   template <class U>
-    requires(std::derived_from<U, T> && !std::same_as<U, T>)
-  Ref(Ref<U>&& other) noexcept : object_(other.Detach()) {}
+  requires(std::derived_from<U, T> && !std::same_as<U, T>) Ref(Ref<U>&& other)
+  noexcept : object_(other.Detach()) {}
 
   ~Ref() { Reset(); }
 

@@ -48,6 +48,8 @@ class Variant {
   Variant(Ref<T> object) : value_(object.template As<IUnknown>()) {}
   Variant(std::shared_ptr<VariantArray> array) : value_(std::move(array)) {}
   Variant(std::shared_ptr<Dictionary> map) : value_(std::move(map)) {}
+  /// A raw pointer is no value (it would pass for a boolean): hand over a `Ref`.
+  Variant(const void*) = delete;
 
   Kind GetKind() const { return static_cast<Kind>(value_.index()); }
   bool IsEmpty() const { return GetKind() == Kind::kEmpty; }

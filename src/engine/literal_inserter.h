@@ -1,0 +1,49 @@
+#ifndef TSLM5_ENGINE_LITERAL_INSERTER_H_
+#define TSLM5_ENGINE_LITERAL_INSERTER_H_
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/insert_literals.h"
+#include "engine/sqlite_statement.h"
+
+namespace tslm5 {
+
+/// Runs "INSERT INTO t VALUES (literals)" without compiling it again: the literals are cut out of
+/// the text and bound to a statement kept for the table. Numeric text for a column of REAL affinity
+/// is converted here, correctly rounded, and bound as a double; everything else is left to SQLite.
+class LiteralInserter {
+ public:
+  explicit LiteralInserter(sqlite3* database) : database_(database) {}
+
+  /// Runs `sql` and returns true; or returns false, having done nothing, when its shape is not
+  /// known beyond doubt. Raises SQLite's error when the row is refused.
+  bool TryRun(std::string_view sql);
+
+  /// Forgets the kept statements: the schema may have changed.
+  void Clear() { kept_.clear(); }
+
+ private:
+  struct Kept {
+    std::string head;  // "INSERT INTO t VALUES ("
+    std::vector<char> is_real;
+    SqliteStatement statement;
+    std::vector<std::string> unquoted;  // one buffer a column, for texts with apostrophes
+  };
+
+  Kept* Find(std::string_view sql);
+  std::unique_ptr<Kept> Make(std::string_view sql);
+  bool Bind(Kept& kept, std::string_view list);
+  static void BindOne(Kept& kept, int column, const InsertLiteral& literal);
+
+  sqlite3* database_;
+  std::vector<std::unique_ptr<Kept>> kept_;  // the last one used stands first
+};
+
+}  // namespace tslm5
+
+#endif  // TSLM5_ENGINE_LITERAL_INSERTER_H_

@@ -1,0 +1,60 @@
+#include "engine/record_block.h"
+
+#include <cmath>
+#include <limits>
+
+#include "engine/sqlite_value.h"
+
+namespace tslm5 {
+namespace {
+
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+
+}  // namespace
+
+void RecordBlock::Append(sqlite3_stmt* statement, bool has_key) {
+  const std::size_t record = keys_.size();
+  const int first = has_key ? 1 : 0;
+  keys_.push_back(has_key ? sqlite3_column_int64(statement, 0) : static_cast<std::int64_t>(record));
+  const int fields = static_cast<int>(is_integer_.size());
+  for (int field = 0; field < fields; ++field) {
+    const int column = first + field;
+    const std::size_t place = Place(record, field);
+    const int type = sqlite3_column_type(statement, column);
+    if (type == SQLITE_FLOAT || type == SQLITE_INTEGER) {
+      numbers_[place] = sqlite3_column_double(statement, column);
+      char& is_integer = is_integer_[static_cast<std::size_t>(field)];
+      if (record == 0) is_integer = type == SQLITE_INTEGER;
+      if (is_integer != (type == SQLITE_INTEGER))
+        others_.emplace(place, ColumnValue(statement, column));
+    } else {
+      numbers_[place] = kNoNumber;
+      if (type != SQLITE_NULL) others_.emplace(place, ColumnValue(statement, column));
+    }
+  }
+}
+
+Variant RecordBlock::Value(std::size_t record, int field) const {
+  const std::size_t place = Place(record, field);
+  if (!others_.empty()) {
+    const auto other = others_.find(place);
+    if (other != others_.end()) return other->second;
+  }
+  const double number = numbers_[place];
+  if (std::isnan(number)) return Null{};
+  if (is_integer_[static_cast<std::size_t>(field)] != 0) {
+    return IntegerValue(static_cast<std::int64_t>(number));
+  }
+  return number;
+}
+
+void RecordBlock::Put(std::size_t record, int field, double value) {
+  const std::size_t place = Place(record, field);
+  numbers_[place] = value;
+  others_.erase(place);
+  if (is_integer_[static_cast<std::size_t>(field)] != 0 && !std::isnan(value)) {
+    others_.emplace(place, Variant(value));
+  }
+}
+
+}  // namespace tslm5

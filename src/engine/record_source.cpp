@@ -1,0 +1,153 @@
+#include "engine/record_source.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "engine/sqlite_statement.h"
+#include "engine/sqlite_value.h"
+#include "tslm5/platform/error.h"
+
+namespace tslm5 {
+namespace {
+
+constexpr std::size_t kCellsInBlock = std::size_t{1} << 17;  // 1 MiB of numbers
+constexpr std::size_t kBlocksKept = 2048;                    // 2 GiB of numbers
+constexpr unsigned kSmallestShift = 6;
+constexpr unsigned kLargestShift = 14;
+
+unsigned ShiftFor(int fields) {
+  unsigned shift = kLargestShift;
+  while (shift > kSmallestShift &&
+         (std::size_t{1} << shift) * static_cast<std::size_t>(fields) > kCellsInBlock) {
+    --shift;
+  }
+  return shift;
+}
+
+/// The table name in "SELECT * FROM name" with or without ";", or nothing.
+std::string_view WholeTableName(std::string_view sql) {
+  constexpr std::string_view kHead = "SELECT * FROM ";
+  if (!sql.starts_with(kHead)) return {};
+  std::string_view name = sql.substr(kHead.size());
+  if (name.ends_with(';')) name.remove_suffix(1);
+  for (const char c : name) {
+    const bool plain =
+        (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || (c >= '0' && c <= '9');
+    if (!plain) return {};
+  }
+  return name;
+}
+
+}  // namespace
+
+RecordSource::RecordSource(sqlite3* database, std::string_view sql)
+    : database_(database), sql_(sql) {
+  Refresh();
+}
+
+void RecordSource::Refresh() {
+  blocks_.clear();
+  fetched_.clear();
+  block_starts_.clear();
+  count_ = 0;
+  RecognizeTable(sql_);
+  if (IsWholeTable()) {
+    CountTable();
+  } else {
+    ReadAll();
+  }
+}
+
+void RecordSource::RecognizeTable(std::string_view sql) {
+  table_.clear();
+  columns_.clear();
+  const std::string_view name = WholeTableName(sql);
+  if (name.empty()) return;
+  SqliteStatement columns(
+      database_,
+      "SELECT t.name, t.pk, upper(t.type) = 'INTEGER', upper(t.type) IN ('FLOAT', 'REAL', "
+      "'DOUBLE'),"
+      " l.wr FROM pragma_table_info(?1) AS t, pragma_table_list AS l"
+      " WHERE l.name = ?1 COLLATE NOCASE AND l.schema = 'main' AND l.type = 'table'");
+  columns.BindText(1, name);
+  while (columns.Step()) {
+    sqlite3_stmt* record = columns.Handle();
+    if (sqlite3_column_int(record, 4) != 0) return columns_.clear();  // has no rowid
+    Column column;
+    column.name = QuotedName(ColumnText(record, 0));
+    column.is_key = sqlite3_column_int(record, 1) == 1 && sqlite3_column_int(record, 2) != 0;
+    column.is_real = sqlite3_column_int(record, 3) != 0;
+    columns_.push_back(std::move(column));
+  }
+  if (columns_.empty()) return;
+  table_ = QuotedName(name);
+  fields_ = static_cast<int>(columns_.size());
+  shift_ = ShiftFor(fields_);
+}
+
+void RecordSource::CountTable() {
+  const std::string from = " FROM " + table_ + ")";
+  SqliteStatement counted(database_, "SELECT (SELECT count(*)" + from + ", (SELECT min(rowid)" +
+                                         from + ", (SELECT max(rowid)" + from);
+  counted.Step();
+  const std::int64_t count = sqlite3_column_int64(counted.Handle(), 0);
+  if (count > std::numeric_limits<std::int32_t>::max()) RaiseOverflow();
+  count_ = static_cast<std::size_t>(count);
+  first_key_ = sqlite3_column_int64(counted.Handle(), 1);
+  const std::int64_t last_key = sqlite3_column_int64(counted.Handle(), 2);
+  is_dense_ =
+      count > 0 && static_cast<std::uint64_t>(last_key) - static_cast<std::uint64_t>(first_key_) ==
+                       static_cast<std::uint64_t>(count - 1);
+  blocks_.resize((count_ + BlockCapacity() - 1) >> shift_);
+}
+
+void RecordSource::ReadAll() {
+  SqliteStatement records(database_, sql_);
+  fields_ = sqlite3_column_count(records.Handle());
+  shift_ = ShiftFor(fields_ > 0 ? fields_ : 1);
+  while (records.Step()) {
+    if (OffsetInBlock(count_) == 0) {
+      blocks_.push_back(std::make_unique<RecordBlock>(BlockCapacity(), fields_));
+    }
+    blocks_.back()->Append(records.Handle(), false);
+    if (++count_ > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+      RaiseOverflow();
+    }
+  }
+}
+
+void RecordSource::FindBlockStarts() {
+  SqliteStatement keys(database_, "SELECT rowid FROM " + table_ + " ORDER BY rowid");
+  for (std::size_t index = 0; keys.Step(); ++index) {
+    if (OffsetInBlock(index) == 0) {
+      block_starts_.push_back(sqlite3_column_int64(keys.Handle(), 0));
+    }
+  }
+}
+
+RecordBlock& RecordSource::Fetch(std::size_t block) {
+  if (!is_dense_ && block_starts_.empty()) FindBlockStarts();
+  const std::int64_t start =
+      is_dense_ ? first_key_ + static_cast<std::int64_t>(block << shift_) : block_starts_.at(block);
+  SqliteStatement records(
+      database_, "SELECT rowid, * FROM " + table_ + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2");
+  records.BindInteger(1, start);
+  records.BindInteger(2, static_cast<std::int64_t>(BlockCapacity()));
+
+  auto fetched = std::make_unique<RecordBlock>(BlockCapacity(), fields_);
+  while (records.Step()) fetched->Append(records.Handle(), true);
+  const std::size_t expected = std::min(count_ - (block << shift_), BlockCapacity());
+  if (fetched->Size() < expected) {
+    throw Error(SQLITE_BUSY_SNAPSHOT, "TSLMRep5",
+                "the table " + table_ + " was changed by another program while it was read");
+  }
+  if (fetched_.size() >= kBlocksKept && !keep_all_blocks_) {
+    blocks_[fetched_.front()].reset();
+    fetched_.pop_front();
+  }
+  fetched_.push_back(block);
+  blocks_[block] = std::move(fetched);
+  return *blocks_[block];
+}
+
+}  // namespace tslm5

@@ -1,0 +1,81 @@
+#include "engine/sqlite_reader.h"
+
+#include <cmath>
+
+#include "engine/sqlite_value.h"
+#include "tslm5/platform/error.h"
+#include "tslm5/platform/number_text.h"
+
+namespace tslm5 {
+
+bool SqliteReader::Read() {
+  if (!statement_ || at_end_) return on_record_ = false;
+  on_record_ = false;
+  on_record_ = statement_->Step();
+  if (!on_record_) {
+    at_end_ = true;
+    statement_->Reset();
+  }
+  return on_record_;
+}
+
+sqlite3_stmt* SqliteReader::Record(std::int32_t index) const {
+  if (!on_record_) {
+    throw Error(error_number::kNoCurrentRecord, "TSLMRep5", "no current record");
+  }
+  if (index < 0 || index >= sqlite3_column_count(statement_->Handle())) {
+    RaiseSubscriptOutOfRange();
+  }
+  return statement_->Handle();
+}
+
+std::int32_t SqliteReader::GetInteger(std::int32_t pIndex) {
+  sqlite3_stmt* record = Record(pIndex);
+  if (sqlite3_column_type(record, pIndex) == SQLITE_NULL) return 0;
+  if (sqlite3_column_type(record, pIndex) == SQLITE_FLOAT) {
+    return Variant(sqlite3_column_double(record, pIndex)).ToInteger();
+  }
+  return IntegerValue(sqlite3_column_int64(record, pIndex)).ToInteger();
+}
+
+double SqliteReader::GetDouble(std::int32_t pIndex) {
+  sqlite3_stmt* record = Record(pIndex);
+  double number = 0.0;
+  if (sqlite3_column_type(record, pIndex) == SQLITE_TEXT &&
+      ParseNumber(ColumnText(record, pIndex), '.', number)) {
+    return number;
+  }
+  return sqlite3_column_double(record, pIndex);
+}
+
+std::string SqliteReader::GetString(std::int32_t pIndex) {
+  sqlite3_stmt* record = Record(pIndex);
+  if (sqlite3_column_type(record, pIndex) == SQLITE_FLOAT) {
+    return NumberText(sqlite3_column_double(record, pIndex));
+  }
+  return std::string(ColumnText(record, pIndex));
+}
+
+void SqliteReader::Close() {
+  statement_.reset();
+  on_record_ = false;
+}
+
+std::int32_t SqliteReader::FieldCount() {
+  return statement_ ? sqlite3_column_count(statement_->Handle()) : 0;
+}
+
+std::string SqliteReader::FieldName(std::int32_t pIndex) {
+  if (pIndex < 0 || pIndex >= FieldCount()) RaiseSubscriptOutOfRange();
+  return sqlite3_column_name(statement_->Handle(), pIndex);
+}
+
+Variant SqliteReader::GetValue(std::int32_t pIndex) {
+  return ColumnValue(Record(pIndex), pIndex);
+}
+
+bool SqliteReader::IsNull(std::int32_t pIndex) {
+  return sqlite3_column_type(Record(pIndex), pIndex) == SQLITE_NULL;
+}
+
+}  // namespace tslm5
