@@ -1,0 +1,38 @@
+#include "support/shared_functions.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+
+#include "support/file_helpers.h"
+#include "support/text_cleanup.h"
+
+namespace tslm5::SharedFunctions {
+
+std::string ReadTextFile(std::string_view path) {
+  std::string text = FileHelpers::ReadAllText(path);
+  TextCleanup::ReplaceToken(text, "\r\n", "\n");
+  return text;
+}
+
+std::int32_t MergeRepeats(std::string_view token, std::string& text) {
+  if (token.empty()) return 0;
+  if (token.size() == 1) {  // each pass halves every run, rounding up
+    const std::size_t longest = TextCleanup::CollapseRuns(text, token[0]);
+    return longest == 0 ? 0 : static_cast<std::int32_t>(std::bit_width(longest - 1));
+  }
+  const std::string pair = std::string(token) + std::string(token);
+  std::int32_t passes = 0;
+  while (TextCleanup::ReplaceToken(text, pair, token)) ++passes;
+  return passes;
+}
+
+void CleanLine(std::string& line) {
+  std::erase_if(line, [](char c) { return c == '\t' || c == ';'; });
+  if (line.find('\n') == std::string::npos) return;
+  TextCleanup::ReplaceToken(line, "\n ", "\n");
+  TextCleanup::ReplaceToken(line, "\n\n", "");
+  line.erase(0, std::min(line.find_first_not_of('\n'), line.size()));
+}
+
+}  // namespace tslm5::SharedFunctions

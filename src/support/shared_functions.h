@@ -1,0 +1,28 @@
+#ifndef TSLM5_SUPPORT_SHARED_FUNCTIONS_H_
+#define TSLM5_SUPPORT_SHARED_FUNCTIONS_H_
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "support/separators.h"
+
+/// Reading a text file, and the clean-ups of a line or text before it is split.
+namespace tslm5::SharedFunctions {
+
+/// The text of a file as `FileHelpers::ReadAllText` gives it, every "\r\n" made "\n" in one pass;
+/// a lone "\r" stays. Empty when there is no such file. Raises 75 when it cannot be read.
+std::string ReadTextFile(std::string_view path);
+
+/// Replaces pairs of `token` by one, as long as there are pairs. Returns the number of passes this
+/// takes, not of pairs: 2 for four in a row. An empty token leaves the text alone.
+std::int32_t MergeRepeats(std::string_view token, std::string& text);
+
+/// Deletes every tab and every ";" of a line. Of several lines, it then deletes one blank after
+/// each line feed, each pair of line feeds, and those at the start, in that order. As a deleted
+/// pair joins two lines, whole texts go to `TextCleanup::CleanLines`.
+void CleanLine(std::string& line);
+
+}  // namespace tslm5::SharedFunctions
+
+#endif  // TSLM5_SUPPORT_SHARED_FUNCTIONS_H_
