@@ -1,0 +1,115 @@
+#include "storage/row_insert_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+#include "storage/run_statements.h"
+#include "support/null_helper.h"
+#include "tslm5/platform/error.h"
+#include "tslm5/platform/number_text.h"
+
+namespace tslm5 {
+namespace {
+
+constexpr std::string_view kNullText = "NULL";
+constexpr std::string_view kTail = ");";
+constexpr std::size_t kLongestToken = 4;
+constexpr std::size_t kTextOfOneBlank = 6;  // "NULL, " for an empty field, "', '" for another
+constexpr std::size_t kRoomForRow = 64;     // the quotes around, the row number and the tail
+
+char* Copy(char* out, std::string_view text) {
+  std::memcpy(out, text.data(), text.size());
+  return out + text.size();
+}
+
+bool MayBeMissing(std::string_view field) {
+  if (field.empty()) return true;
+  const char first = field.front();
+  return field.size() <= kLongestToken &&
+         (first == '.' || first == '?' || first == 'N' || first == 'n') &&
+         NullHelper::IsMissingToken(field);
+}
+
+[[noreturn]] void RaiseUnstorable(std::int32_t row, std::int32_t column, char c) {
+  throw Error(error_number::kInvalidData, "ParseArray",
+              "Row " + std::to_string(row) + ", column " + std::to_string(column) +
+                  (c == '\0' ? " holds a NUL character" : " holds an apostrophe") +
+                  ", which a data table does not take.");
+}
+
+}  // namespace
+
+RowInsertText::RowInsertText(std::string_view table_name, bool decimal_is_comma)
+    : decimal_is_comma_(decimal_is_comma) {
+  const std::string head = InsertRowHead(table_name);
+  head_size_ = head.size();
+  buffer_.assign(head.begin(), head.end());
+  BeginNumbers();
+}
+
+char* RowInsertText::Reserve(std::size_t size) {
+  if (buffer_.size() < buffer_size_ + size) {
+    buffer_.resize(std::max(buffer_size_ + size, buffer_.size() * 2));
+  }
+  return buffer_.data() + buffer_size_;
+}
+
+std::string_view RowInsertText::FromLine(std::string_view line, std::int32_t row) {
+  while (!line.empty() && line.front() == ' ') line.remove_prefix(1);
+  while (!line.empty() && line.back() == ' ') line.remove_suffix(1);
+  buffer_size_ = head_size_;
+  const auto blanks = static_cast<std::size_t>(std::count(line.begin(), line.end(), ' '));
+  char* out = Reserve(line.size() + (blanks + 1) * kTextOfOneBlank + kRoomForRow);
+
+  fields_ = 0;
+  const char* p = line.data();
+  const char* const end = p + line.size();
+  for (;;) {
+    ++fields_;
+    char* const start = out;
+    *out++ = '\'';
+    for (; p != end && *p != ' '; ++p) {
+      const char c = *p;
+      if (c == '\'' || c == '\0') RaiseUnstorable(row, fields_, c);
+      *out++ = c == ',' && decimal_is_comma_ ? '.' : c;
+    }
+    if (MayBeMissing({start + 1, static_cast<std::size_t>(out - start - 1)})) {
+      out = Copy(start, kNullText);
+    } else {
+      *out++ = '\'';
+    }
+    *out++ = ',';
+    if (p == end) break;
+    ++p;
+  }
+  *out++ = ' ';
+  out = std::to_chars(out, out + kRoomForRow / 2, row).ptr;
+  return End(out);
+}
+
+void RowInsertText::AddNumber(double value) {
+  char* out = Reserve(kNumberTextSize + 1);
+  out = std::isnan(value) ? Copy(out, kNullText) : WriteNumber(out, value);
+  *out++ = ',';
+  buffer_size_ = static_cast<std::size_t>(out - buffer_.data());
+}
+
+std::string_view RowInsertText::EndNumbers(std::int32_t row) {
+  char* out = Reserve(kRoomForRow);
+  out = std::to_chars(out, out + kRoomForRow / 2, row).ptr;
+  return End(out);
+}
+
+std::string_view RowInsertText::EndNumbers() {
+  Reserve(kTail.size());
+  return End(buffer_.data() + std::max(head_size_, buffer_size_ - 1));  // without the last ","
+}
+
+std::string_view RowInsertText::End(char* out) {
+  out = Copy(out, kTail);
+  return {buffer_.data(), static_cast<std::size_t>(out - buffer_.data())};
+}
+
+}  // namespace tslm5

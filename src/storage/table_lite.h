@@ -1,0 +1,113 @@
+#ifndef TSLM5_STORAGE_TABLE_LITE_H_
+#define TSLM5_STORAGE_TABLE_LITE_H_
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "storage/table_events.h"
+#include "tslm5/contracts/data_set.h"
+#include "tslm5/contracts/lifecycle.h"
+#include "tslm5/engine/connection.h"
+#include "tslm5/platform/connection_point.h"
+#include "tslm5/platform/object.h"
+
+namespace tslm5 {
+
+/// The handle on one data table of a run, with its optional backup: makes it, fills it, reads and
+/// writes single cells, copies it. Columns "d0", "d1", … and, last, the key `row`; row and column
+/// indexes are 0-based. Made by `MakeObject`; owned by a dataset. Each fill is one transaction.
+/// What the engine raises passes on. Caller's thread only.
+class TableLite final : public FacetOwner {
+ public:
+  TableLite();
+
+  std::string_view TypeName() override { return "TableLite"; }
+
+  /// Whether the response column holds exactly two distinct values, as the table is now; false
+  /// when that cannot be read.
+  bool IsBinary();
+  /// The table's name, by its type code.
+  std::string_view Name() const;
+  /// Data columns of the open record set, `row` not counted; 0 when none is open.
+  std::int32_t Columns();
+  std::int32_t Rows();
+  void Init(const Variant& pValue);
+  void Init2(IUnknown* pConnectionService);
+
+  /// Makes the table anew with `pColumns` data columns, and its backup if asked for, in one
+  /// transaction; an older backup goes only then. Closes the record set; the row counter is 0.
+  void Create(std::int32_t pColumns, std::int32_t pSetType, bool pCreateBackup);
+
+  /// Copies every cell of another dataset, rows numbered on from the counter, and reopens the
+  /// record set. False when a listener cancelled, or an error with a number of 0 or less was
+  /// raised; such a fill leaves the table as it was.
+  bool ParseDataSet(IDataSet& pDataSet);
+  /// One row a line of blank-separated values, numbered from 1; see `RowInsertText::FromLine`.
+  /// Does not reopen the record set. False when a listener cancelled; nothing is kept then.
+  bool ParseArray(std::span<const std::string> pLines);
+  /// The same for the lines of one text, in place.
+  bool ParseText(std::string_view text);
+  /// One row of one value an element. Rows are numbered from the counter itself (meant).
+  void ParseDoubleArray(std::span<const double> pValues);
+  /// One row of the values given, which hold the row number as well.
+  void ParseFields(std::span<const Variant> pFields);
+
+  void DeleteAll();
+  void Drop(bool pDropBackup);
+  void CreateCopy();
+  void UndoCopy();
+  void ClearCopy();
+
+  /// One cell; false when there is none. Column `Columns()` is the row number. A cell that holds
+  /// no number reads as NaN.
+  bool GetValue(std::int32_t pColumn, std::int32_t pRow, double& pValue);
+  /// Writes one cell; false when there is none. The row number cannot be written.
+  bool PutValue(std::int32_t pColumn, std::int32_t pRow, double pValue);
+  /// The row's data cells, each followed by `pSeparator`; "NULL" for a missing one; "" for an
+  /// absent row.
+  std::string GetRow(std::int32_t pRow, std::string_view pSeparator);
+  /// Opens the record set anew; false when there is no such table.
+  bool LoadRecordSet();
+
+  std::int32_t TypeCode() const { return type_code_; }
+  std::int32_t Advise(IUnknown* sink) { return sinks_.Advise(sink); }
+  void Unadvise(std::int32_t cookie) { sinks_.Unadvise(cookie); }
+
+  bool Load(const Variant& pRunPath, const Variant& pParams);
+  bool Save();
+  Ref<TableLite> Clone(std::int32_t pSetType);
+  void Dispose(bool pIsDisposing);
+
+ private:
+  class PersistableFacet;
+  class CloneableFacet;
+  class DisposableFacet;
+  struct Facets;
+  /// Gives the next line, or false at the end.
+  using NextLine = std::function<bool(std::string_view& line)>;
+
+  ~TableLite() override;
+  void* FindFacet(const Uuid& pId) override;
+
+  Ref<IConnection> Connection() const;
+  bool TableIsThere() const;
+  bool FillFromLines(const NextLine& next_line);
+  bool CopyRows(IConnection& connection, IDataSet& source);
+  /// Runs `statement` with the table's name filled in.
+  void Execute(std::string_view statement);
+
+  Ref<IUnknown> connection_service_;
+  Ref<IRecordSet> record_set_;
+  std::int32_t type_code_ = 0;
+  std::int32_t row_counter_ = 0;
+  SinkList<ITableEvents> sinks_;
+  std::unique_ptr<Facets> facets_;  // made when first asked for
+};
+
+}  // namespace tslm5
+
+#endif  // TSLM5_STORAGE_TABLE_LITE_H_

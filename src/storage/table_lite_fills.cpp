@@ -1,0 +1,128 @@
+// The fills of a data table: each is one transaction, and one that fails or is cancelled leaves
+// the table and the row counter as they were.
+#include <limits>
+#include <string>
+
+#include "storage/row_insert_text.h"
+#include "storage/table_lite.h"
+#include "storage/transaction.h"
+#include "support/locale.h"
+#include "support/text_split.h"
+#include "tslm5/platform/error.h"
+
+namespace tslm5 {
+namespace {
+
+/// Gives the row counter its old value back unless the fill was kept.
+class CounterGuard {
+ public:
+  explicit CounterGuard(std::int32_t& counter) : counter_(counter), before_(counter) {}
+  CounterGuard(const CounterGuard&) = delete;
+  CounterGuard& operator=(const CounterGuard&) = delete;
+  ~CounterGuard() {
+    if (!kept_) counter_ = before_;
+  }
+  void Keep() { kept_ = true; }
+
+ private:
+  std::int32_t& counter_;
+  std::int32_t before_;
+  bool kept_ = false;
+};
+
+bool DecimalIsComma() {
+  return CurrentLocale().DecimalSymbol() == ',';
+}
+
+}  // namespace
+
+bool TableLite::ParseArray(std::span<const std::string> pLines) {
+  std::size_t index = 0;
+  return FillFromLines([&index, pLines](std::string_view& line) {
+    if (index == pLines.size()) return false;
+    line = pLines[index++];
+    return true;
+  });
+}
+
+bool TableLite::ParseText(std::string_view text) {
+  return FillFromLines(
+      [cursor = LineCursor(text)](std::string_view& line) mutable { return cursor.Next(line); });
+}
+
+bool TableLite::FillFromLines(const NextLine& next_line) {
+  const Ref<IConnection> connection = Connection();
+  RowInsertText text(Name(), DecimalIsComma());
+  Transaction transaction(*connection);
+  CounterGuard counter(row_counter_);
+  row_counter_ = 1;
+  RecordFeedback feedback(sinks_);
+  for (std::string_view line; next_line(line);) {
+    connection->Execute(text.FromLine(line, row_counter_));
+    if (row_counter_ == 1) feedback.SetColumns(text.Fields());
+    if (!feedback.Stored(row_counter_ - 1)) return false;
+    ++row_counter_;
+  }
+  transaction.Commit();
+  counter.Keep();
+  return true;
+}
+
+bool TableLite::ParseDataSet(IDataSet& pDataSet) {
+  const Ref<IConnection> connection = Connection();
+  try {
+    Transaction transaction(*connection);
+    CounterGuard counter(row_counter_);
+    if (!CopyRows(*connection, pDataSet)) return false;
+    transaction.Commit();
+    counter.Keep();
+  } catch (const Error& error) {
+    if (error.Number() > 0) throw;
+    return false;
+  }
+  return Load(Variant(connection_service_), type_code_);
+}
+
+bool TableLite::CopyRows(IConnection& connection, IDataSet& source) {
+  RowInsertText text(Name(), false);
+  const std::int32_t columns = source.Columns();
+  const std::int32_t rows = source.Rows();
+  RecordFeedback feedback(sinks_);
+  feedback.SetColumns(columns);
+  for (std::int32_t row = 0; row < rows; ++row) {
+    text.BeginNumbers();
+    for (std::int32_t column = 0; column < columns; ++column) {
+      text.AddNumber(source.GetItem(column, row));
+    }
+    connection.Execute(text.EndNumbers(row_counter_ + 1));
+    if (!feedback.Stored(row_counter_)) return false;
+    ++row_counter_;
+  }
+  return true;
+}
+
+void TableLite::ParseDoubleArray(std::span<const double> pValues) {
+  const Ref<IConnection> connection = Connection();
+  RowInsertText text(Name(), false);
+  Transaction transaction(*connection);
+  CounterGuard counter(row_counter_);
+  for (const double value : pValues) {
+    text.BeginNumbers();
+    text.AddNumber(value);
+    connection->Execute(text.EndNumbers(row_counter_));
+    ++row_counter_;
+  }
+  transaction.Commit();
+  counter.Keep();
+}
+
+void TableLite::ParseFields(std::span<const Variant> pFields) {
+  RowInsertText text(Name(), false);
+  for (const Variant& field : pFields) {
+    text.AddNumber(field.IsNull() ? std::numeric_limits<double>::quiet_NaN() : field.ToDouble());
+  }
+  Connection()->Execute(text.EndNumbers());
+  ++row_counter_;
+}
+
+}  // namespace tslm5
