@@ -17,6 +17,9 @@ const char* FindPair(const char* first, const char* last, char c) {
       [c, last](const char* p) { return *p == c && p + 1 != last && p[1] == c; });
 }
 
+/// As many as one byte can count, in whole vectors.
+constexpr std::ptrdiff_t kCountedAtOnce = 240;
+
 bool IsStray(char c) {
   return c == '\t' || c == ';';
 }
@@ -141,7 +144,15 @@ void CleanLines(std::string& text) {
 
 std::size_t CountLines(std::string_view text) {
   if (text.empty()) return 0;
-  return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+  std::size_t count = 1;
+  const char* const last = text.data() + text.size();
+  for (const char* p = text.data(); p != last;) {
+    const char* const end = p + std::min(last - p, kCountedAtOnce);
+    unsigned char found = 0;  // narrow, so that the loop runs on whole vectors
+    for (; p != end; ++p) found = static_cast<unsigned char>(found + (*p == '\n'));
+    count += found;
+  }
+  return count;
 }
 
 std::size_t SecondLineOffset(std::string_view text) {

@@ -1,0 +1,146 @@
+#include "support/file_helpers.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+
+#include "platform/raised.h"
+#include "support/temporary_folder.h"
+
+#if defined(__SANITIZE_ADDRESS__)
+#define TSLM5_ADDRESS_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TSLM5_ADDRESS_SANITIZER 1
+#endif
+#endif
+
+namespace tslm5::FileHelpers {
+namespace {
+
+TEST(GetDirectory, EndsAtTheLastBackslash) {
+  EXPECT_EQ(GetDirectory("C:\\a\\b.txt"), "C:\\a\\");
+  EXPECT_EQ(GetDirectory("C:\\a\\"), "C:\\a\\");
+  EXPECT_EQ(GetDirectory("/a/b"), "");
+  EXPECT_EQ(GetDirectory(""), "");
+}
+
+TEST(GetFileName, StartsAfterTheLastBackslash) {
+  EXPECT_EQ(GetFileName("C:\\a\\b.txt"), "b.txt");
+  EXPECT_EQ(GetFileName("C:\\a\\"), "");
+  EXPECT_EQ(GetFileName("/a/b"), "/a/b");
+  EXPECT_EQ(GetFileName(""), "");
+}
+
+TEST(FileExists, IsTrueOfFilesOnly) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "");
+  EXPECT_TRUE(FileExists(path));
+  EXPECT_FALSE(FileExists(""));
+  EXPECT_FALSE(FileExists(folder.Path()));
+  EXPECT_FALSE(FileExists(folder.PathOf("absent")));
+  EXPECT_FALSE(FileExists(path + "/below"));
+  EXPECT_FALSE(FileExists(path + std::string("\0.bak", 5)));
+}
+
+TEST(ReadAllText, GivesNothingForNoFileADirectoryOrAnEmptyFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("empty.txt", "");
+  EXPECT_EQ(ReadAllText(path), "");
+  EXPECT_EQ(ReadAllText(""), "");
+  EXPECT_EQ(ReadAllText(folder.Path()), "");
+  EXPECT_EQ(ReadAllText(folder.PathOf("absent")), "");
+  EXPECT_EQ(ReadAllText(path + "/below"), "");
+}
+
+TEST(ReadAllText, DoesNotTakeAPathForAShorterOne) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(ReadAllText(folder.Write("a.txt", "text") + std::string("\0.bak", 5)), "");
+}
+
+TEST(ReadAllText, KeepsEveryByteOfValidText) {
+  const TemporaryFolder folder;
+  const std::string bytes("1,é\r\n\0\r2\n", 11);
+  EXPECT_EQ(ReadAllText(folder.Write("a.txt", bytes)), bytes);
+}
+
+TEST(ReadAllText, ReadsFilesOfManySizes) {
+  const TemporaryFolder folder;
+  for (const std::size_t size : {1, 4095, 4096, 4097, 262'143, 262'144, 262'145, 3'000'001}) {
+    std::string bytes(size, 'a');
+    for (std::size_t i = 0; i < size; i += 97) bytes[i] = static_cast<char>('b' + i % 23);
+    EXPECT_EQ(ReadAllText(folder.Write("a.txt", bytes)), bytes) << size;
+  }
+}
+
+TEST(ReadAllText, ReadsAFileWhoseSizeTheSystemDoesNotTell) {
+  std::ifstream file("/proc/self/cmdline", std::ios::binary);
+  const std::string expected{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_FALSE(expected.empty());
+  EXPECT_EQ(ReadAllText("/proc/self/cmdline"), expected);
+}
+
+TEST(ReadAllText, ReadsAPipeToItsEnd) {
+  const TemporaryFolder folder;
+  const std::string path = folder.PathOf("pipe");
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  std::string bytes(1'000'000, 'p');
+  bytes.back() = 'q';
+  std::thread writer([&] { std::ofstream(path, std::ios::binary) << bytes; });
+  const std::string text = ReadAllText(path);
+  writer.join();
+  EXPECT_EQ(text, bytes);
+}
+
+TEST(ReadAllText, TellsPathAndReasonWhenAFileCannotBeOpened) {
+  const TemporaryFolder folder;
+  const std::string path = folder.PathOf("loop");
+  std::filesystem::create_symlink("loop", path);
+  const Error error = Raised([&] { ReadAllText(path); });
+  EXPECT_EQ(error.Number(), 75);
+  EXPECT_EQ(error.Source(), "ReadAllText");
+  EXPECT_EQ(error.Description(),
+            "The file \"" + path + "\" cannot be read: Too many levels of symbolic links.");
+}
+
+TEST(ReadAllText, RefusesAFileWithoutPermission) {
+  if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("closed.txt", "1,2");
+  ASSERT_EQ(::chmod(path.c_str(), 0), 0);
+  const Error error = Raised([&] { ReadAllText(path); });
+  EXPECT_EQ(error.Number(), 75);
+  EXPECT_EQ(error.Description(), "The file \"" + path + "\" cannot be read: Permission denied.");
+}
+
+TEST(ReadAllText, TellsPathAndReasonWhenReadingFails) {
+  const Error error = Raised([] { ReadAllText("/proc/self/mem"); });
+  EXPECT_EQ(error.Number(), 75);
+  EXPECT_EQ(error.Description(), "The file \"/proc/self/mem\" cannot be read: Input/output error.");
+}
+
+#if !defined(TSLM5_ADDRESS_SANITIZER)
+[[noreturn]] void ReadWithLittleMemory(const std::string& path) {
+  constexpr ::rlim_t kRoomBytes = ::rlim_t{512} * 1024 * 1024;
+  const ::rlimit limit{kRoomBytes, kRoomBytes};
+  ::setrlimit(RLIMIT_AS, &limit);
+  ::_exit(RaisedNumber([&] { ReadAllText(path); }));
+}
+
+TEST(ReadAllText, RefusesAFileThatDoesNotFitIntoMemory) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("huge.txt", "1");
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 32u);
+  EXPECT_EXIT(ReadWithLittleMemory(path), ::testing::ExitedWithCode(75), "");
+}
+#endif
+
+}  // namespace
+}  // namespace tslm5::FileHelpers
