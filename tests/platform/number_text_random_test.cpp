@@ -34,35 +34,45 @@ class RandomNumbers {
 
   /// An unsigned number text of one of many shapes, with "." and without spaces.
   std::string Text() {
-    std::string text;
     switch (Below(8)) {
       case 0:  // whole, short
         return Digits(Between(1, 6));
       case 1:  // whole, as long as the exact mantissa and longer
         return Digits(Between(15, 25));
       case 2:  // a fraction of a table
-        return Digits(Between(1, 5)) + "." + Digits(Between(0, 5));
+        return Digits(Between(1, 5)).append(".").append(Digits(Between(0, 5)));
       case 3:  // many digits on both sides
-        return Digits(Between(0, 12)) + "." + Digits(Between(13, 25));
+        return Digits(Between(0, 12)).append(".").append(Digits(Between(13, 25)));
       case 4:  // small exponents, around the exact powers of ten
-        text = Digits(Between(1, 19)) + (Chance(50) ? "." + Digits(Between(0, 6)) : "");
-        return text + Exponent(-30, 30);
+        return Digits(Between(1, 19)).append(Fraction()).append(Exponent(-30, 30));
       case 5:  // the whole range of exponents, and past it
-        text = Digits(Between(1, 25)) + (Chance(50) ? "." + Digits(Between(0, 6)) : "");
-        return text + Exponent(-360, 330);
+        return Digits(Between(1, 25)).append(Fraction()).append(Exponent(-360, 330));
       case 6:  // leading zeros
-        return std::string(static_cast<std::size_t>(Between(1, 25)), '0') + Digits(Between(0, 17)) +
-               "." + std::string(static_cast<std::size_t>(Between(0, 25)), '0') +
-               Digits(Between(1, 17));
-      default:  // the shortest text of any double
-        char buffer[kNumberTextSize];
-        const double value = std::bit_cast<double>(Bits() & ~(std::uint64_t{1} << 63));
-        if (!std::isfinite(value)) return "0";
-        return {buffer, std::to_chars(buffer, buffer + kNumberTextSize, value).ptr};
+        return Zeros(Between(1, 25))
+            .append(Digits(Between(0, 17)))
+            .append(".")
+            .append(Zeros(Between(0, 25)))
+            .append(Digits(Between(1, 17)));
+      default:
+        return Shortest();
     }
   }
 
  private:
+  static std::string Zeros(int count) { return std::string(static_cast<std::size_t>(count), '0'); }
+
+  std::string Fraction() {
+    return Chance(50) ? std::string(".").append(Digits(Between(0, 6))) : std::string();
+  }
+
+  /// The shortest text of any double.
+  std::string Shortest() {
+    const double value = std::bit_cast<double>(Bits() & ~(std::uint64_t{1} << 63));
+    if (!std::isfinite(value)) return "0";
+    char buffer[kNumberTextSize];
+    return {buffer, std::to_chars(buffer, buffer + kNumberTextSize, value).ptr};
+  }
+
   std::string Exponent(int first, int last) {
     const int exponent = Between(first, last);
     std::string text = Chance(50) ? "e" : "E";
@@ -98,15 +108,18 @@ TEST(ParseNumberRandom, EqualsFromCharsBitForBit) {
 
     const char decimal = random.Chance(30) ? ',' : '.';
     if (const auto point = text.find('.'); point != std::string::npos) text[point] = decimal;
+    const bool spaces = random.Chance(20);
     const int sign = random.Below(4);
-    if (sign == 0) text.insert(0, "+");
-    if (sign == 1) text.insert(0, "-");
+    std::string field = spaces ? "  " : "";
+    if (sign == 0) field += '+';
+    if (sign == 1) field += '-';
+    field += text;
+    if (spaces) field += ' ';
     if (sign == 1 && accepted) expected = -expected;
-    if (random.Chance(20)) text = "  " + text + " ";
 
     double value = kUntouched;
-    ASSERT_EQ(ParseNumber(text, decimal, value), accepted) << text;
-    ASSERT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected)) << text;
+    ASSERT_EQ(ParseNumber(field, decimal, value), accepted) << field;
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected)) << field;
   }
   EXPECT_GT(too_large, 0);
   EXPECT_LT(too_large, kCases / 10);

@@ -49,15 +49,20 @@ class Dictionary {
   const std::vector<std::pair<Variant, Variant>>& Entries() const { return entries_; }
 
  private:
+  /// One text a key: its kind, then its value.
   static std::string Encode(const Variant& key) {
+    std::string code;
     switch (key.GetKind()) {
       case Variant::Kind::kInteger:
       case Variant::Kind::kDouble:
-        return "n" + NumberText(key.ToDouble() + 0.0);  // the sum makes -0 the key 0
+        code = 'n';
+        AppendNumber(code, key.ToDouble() + 0.0);  // the sum makes -0 the key 0
+        return code;
       case Variant::Kind::kBoolean:
         return key.ToBoolean() ? "b1" : "b0";
       case Variant::Kind::kString:
-        return "s" + key.ToString();
+        code = 's';
+        return code.append(key.ToString());
       default:
         RaiseTypeMismatch();
     }
