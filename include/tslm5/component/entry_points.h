@@ -20,10 +20,12 @@ extern "C" {
 /* Puts the class object of the class `class_id` into *object, as the interface `interface_id`
  * (IClassFactory or IUnknown), counted; both point to 16 bytes laid out as `tslm5::Uuid`.
  * On failure *object is null. */
-int32_t DllGetClassObject(const void* class_id, const void* interface_id, void** object);
+__attribute__((visibility("default"))) int32_t DllGetClassObject(const void* class_id,
+                                                                 const void* interface_id,
+                                                                 void** object);
 
 /* TSLM5_OK when no object of this library lives, so that it may be unloaded; else TSLM5_FALSE. */
-int32_t DllCanUnloadNow(void);
+__attribute__((visibility("default"))) int32_t DllCanUnloadNow(void);
 
 #ifdef __cplusplus
 }

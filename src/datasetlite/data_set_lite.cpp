@@ -1,0 +1,38 @@
+#include "datasetlite/data_set_lite.h"
+
+namespace tslm5 {
+
+void* DataSetLite::FindFacet(const Uuid& pId) {
+  if (pId == IDataSet::kId) return static_cast<IDataSet*>(&data_set_);
+  if (pId == IIterator::kId) return static_cast<IIterator*>(&iterator_);
+  if (pId == IIsDirty::kId) return static_cast<IIsDirty*>(&is_dirty_);
+  if (pId == IPersistable::kId) return static_cast<IPersistable*>(&persistable_);
+  if (pId == ICloneableEx::kId) return static_cast<ICloneableEx*>(&cloneable_);
+  if (pId == IConstructor::kId) return static_cast<IConstructor*>(&constructor_);
+  if (pId == IDisposable::kId) return static_cast<IDisposable*>(&disposable_);
+  if (pId == ILRServices::kId) return static_cast<ILRServices*>(&lr_services_);
+  if (pId == IExtraSet::kId) return static_cast<IExtraSet*>(&extra_set_);
+  if (pId == IVectorize::kId) return static_cast<IVectorize*>(&vectorize_);
+  if (pId == IConnectionPoint::kId) return static_cast<IConnectionPoint*>(&connection_point_);
+  return nullptr;
+}
+
+Ref<IUnknown> MakeDataSetLite() {
+  return MakeObject<DataSetLite>();
+}
+
+Ref<IUnknown> CloneDataSetLite(const DataSetLiteState& original, std::int32_t type,
+                               Ref<TableLite> table) {
+  const Ref<DataSetLite> clone = MakeObject<DataSetLite>();
+  DataSetLiteState& state = clone->State();
+  IDataSet* const sender = state.sender;
+  state = original;
+  state.sender = sender;
+  state.sinks = {};
+  state.data_set_type = type;
+  state.table = std::move(table);
+  state.cached_columns = -1;
+  return clone;
+}
+
+}  // namespace tslm5

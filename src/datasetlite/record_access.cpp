@@ -1,0 +1,140 @@
+#include "datasetlite/record_access.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "storage/run_statements.h"
+#include "support/locale.h"
+#include "tslm5/contracts/codes.h"
+#include "tslm5/platform/error.h"
+#include "tslm5/platform/number_text.h"
+
+namespace tslm5 {
+namespace RecordAccess {
+namespace {
+
+/// The first field of the first record, or empty when there is no record.
+Variant FirstValue(IConnection& connection, std::string_view statement) {
+  const Ref<IDataReader> reader = connection.ExecuteReader(statement);
+  return reader->Read() ? reader->GetValue(0) : Variant();
+}
+
+Variant ColumnName(IConnection& connection, std::int32_t column) {
+  if (column == -1) return FirstValue(connection, run_statement::kSelectResponseName);
+  return FirstValue(connection, FillStatement(run_statement::kSelectColumnName,
+                                              {{"<COLUMN>", std::to_string(column)}}));
+}
+
+Variant ValueOfRecord(IConnection& connection, const std::string& name, std::int32_t record_id) {
+  return FirstValue(connection,
+                    FillStatement(run_statement::kSelectOriginalValue,
+                                  {{"<NAME>", name}, {"<ROW>", std::to_string(record_id)}}));
+}
+
+bool IsSeries(DataSetLiteState& state) {
+  return state.problem_category == problem_category::kTimeSeries && Columns(state) == 1;
+}
+
+}  // namespace
+
+std::int32_t Columns(DataSetLiteState& state) {
+  state.cached_columns = state.table ? state.table->Columns() : 0;
+  return state.cached_columns;
+}
+
+double Item(DataSetLiteState& state, std::int32_t column, std::int32_t row) {
+  double value = 0.0;
+  if (!state.table || !state.table->GetValue(column, row, value)) {
+    throw Error(error_number::kInvalidData, "GetItem", "Invalid Row or Column");
+  }
+  return value;
+}
+
+std::string ItemText(DataSetLiteState& state, std::int32_t column, std::int32_t row) {
+  try {
+    const double value = Item(state, column, row);
+    if (std::isnan(value)) return {};
+    std::string text = NumberText(value);
+    std::replace(text.begin(), text.end(), '.', CurrentLocale().DecimalSymbol());
+    return text;
+  } catch (const Error&) {
+    return {};
+  }
+}
+
+std::int32_t OriginalIndex(DataSetLiteState& state, std::int32_t row) {
+  if (state.cached_columns == -1) Columns(state);
+  double key = 0.0;
+  if (!state.table || !state.table->GetValue(state.cached_columns, row, key)) {
+    throw Error(error_number::kInvalidData, "GetRowNumber", "Invalid Row");
+  }
+  return Variant(key).ToInteger();
+}
+
+Variant OriginalValueOfRecord(DataSetLiteState& state, std::int32_t record_id,
+                              std::int32_t column) {
+  const Ref<IConnection> connection = ConnectionOf(state);
+  const Variant name = ColumnName(*connection, column);
+  if (name.IsEmpty()) return {};
+  return ValueOfRecord(*connection, name.ToString(), record_id);
+}
+
+Variant OriginalValue(DataSetLiteState& state, std::int32_t row, std::int32_t column) {
+  const Ref<IConnection> connection = ConnectionOf(state);
+  const Variant name = ColumnName(*connection, column);
+  if (name.IsEmpty()) return {};
+  return ValueOfRecord(*connection, name.ToString(), OriginalIndex(state, row));
+}
+
+std::string Label(DataSetLiteState& state, std::int32_t column) {
+  std::string label;
+  if (state.has_labels) {
+    const auto index = static_cast<std::size_t>(column);
+    if (column >= 0 && index < state.labels.size()) label = state.labels[index];
+  } else {
+    label = column == Columns(state) - 1 ? state.dependent_var_name
+                                         : state.independent_vars_prefix + std::to_string(column);
+  }
+  return label == "TimeSeries" && IsSeries(state) ? "Time Series" : label;
+}
+
+std::string LongLabel(DataSetLiteState& state, std::int32_t column) {
+  const std::string label = Label(state, column);
+  if (!state.has_labels || IsSeries(state)) return label;
+  const std::string name = column == Columns(state) - 1
+                               ? state.dependent_var_name
+                               : state.independent_vars_prefix + std::to_string(column);
+  return name + ":" + label;
+}
+
+void Clear(DataSetLiteState& state) {
+  if (state.table) {
+    const std::string_view name = state.table->Name();
+    if (!name.empty() && ConnectionOf(state)->TableExists(name)) state.table->Drop(false);
+    state.is_dirty = true;
+  }
+  state.table.Reset();
+  state.labels.clear();
+  state.label_line.clear();
+  state.is_ready = false;
+  state.cached_columns = -1;
+}
+
+}  // namespace RecordAccess
+
+bool IteratorFacet::GetCurrentSample(Array<double>& pArray) {
+  if (state_.current_row == -1) throw Error(error_number::kIteratorNotReset);
+  const std::int32_t columns = state_.cached_columns;
+  if (columns > 0 && pArray.Size() < static_cast<std::size_t>(columns)) {
+    pArray.Elements().resize(static_cast<std::size_t>(columns));
+  }
+  for (std::int32_t j = 0; j < columns; ++j) {
+    double value = 0.0;
+    if (!state_.table || !state_.table->GetValue(state_.current_row, j, value)) return false;
+    pArray[pArray.LowerBound() + j] = value;
+  }
+  ++state_.current_row;
+  return true;
+}
+
+}  // namespace tslm5

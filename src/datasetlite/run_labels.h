@@ -1,0 +1,28 @@
+#ifndef TSLM5_DATASETLITE_RUN_LABELS_H_
+#define TSLM5_DATASETLITE_RUN_LABELS_H_
+
+#include <string_view>
+
+#include "datasetlite/data_set_lite_state.h"
+
+namespace tslm5 {
+
+/// The labels of a `DataSetLite` in its run: read when it is attached, written when it is saved.
+namespace RunLabels {
+
+/// Reads the original labels of the run's columns. The set has labels when one of them differs from
+/// its column's generated name; otherwise its list is empty.
+void Load(DataSetLiteState& state);
+
+/// Replaces the labels by the words of a blank-separated text, as many as there are; code 5 inside
+/// a word is a blank. The set has labels then, and is dirty.
+void Set(DataSetLiteState& state, std::string_view labels);
+
+/// Writes the labels under the set's type code, in one transaction in place of the old ones.
+void Save(DataSetLiteState& state);
+
+}  // namespace RunLabels
+
+}  // namespace tslm5
+
+#endif  // TSLM5_DATASETLITE_RUN_LABELS_H_
