@@ -4,6 +4,7 @@ Builds small libraries by the compiler named in CXX (c++ when it is not set).
 """
 
 import os
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -12,6 +13,14 @@ from pathlib import Path
 SCRIPT = Path(__file__).resolve().parents[2] / "scripts" / "check_symbols.sh"
 COMPILER = os.environ.get("CXX", "c++")
 
+HEADER = """
+/* Plain C, with a decoy: int32_t NotDeclared(void); */
+#include <stdint.h>
+#define TSLM5_FAILED ((int32_t)0x80004005)
+int32_t DllGetClassObject(const void* class_id, const void* interface_id,
+                          void** object);
+int32_t DllCanUnloadNow(void);
+"""
 MANAGER = """
 extern "C" int DllGetClassObject(const void*, const void*, void**) { return 0; }
 extern "C" int DllCanUnloadNow() { return 0; }
@@ -24,8 +33,14 @@ class CheckSymbolsTest(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
-        self.build = Path(folder.name)
-        (self.build / "lib").mkdir()
+        root = Path(folder.name)
+        header = root / "include" / "tslm5" / "component" / "entry_points.h"
+        header.parent.mkdir(parents=True)
+        header.write_text(HEADER, encoding="utf-8")
+        (root / "scripts").mkdir()
+        self.script = shutil.copy(SCRIPT, root / "scripts")
+        self.build = root / "build"
+        (self.build / "lib").mkdir(parents=True)
 
     def compile(self, text, name, *options):
         source = self.build / (name + ".cpp")
@@ -42,7 +57,7 @@ class CheckSymbolsTest(unittest.TestCase):
             compiled = self.compile(room, "room.o", "-c")
             archive = self.build / "lib" / "libtslm5_room.a"
             subprocess.run(["ar", "qc", str(archive), str(compiled)], check=True)
-        run = subprocess.run(["bash", str(SCRIPT), str(self.build)], text=True, check=False,
+        run = subprocess.run(["bash", self.script, str(self.build)], text=True, check=False,
                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         return run.returncode, run.stdout
 
