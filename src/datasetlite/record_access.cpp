@@ -42,12 +42,8 @@ std::int32_t Columns(DataSetLiteState& state) {
   return state.cached_columns;
 }
 
-double Item(DataSetLiteState& state, std::int32_t column, std::int32_t row) {
-  double value = 0.0;
-  if (!state.table || !state.table->GetValue(column, row, value)) {
-    throw Error(error_number::kInvalidData, "GetItem", "Invalid Row or Column");
-  }
-  return value;
+void RaiseInvalidCell() {
+  throw Error(error_number::kInvalidData, "GetItem", "Invalid Row or Column");
 }
 
 std::string ItemText(DataSetLiteState& state, std::int32_t column, std::int32_t row) {

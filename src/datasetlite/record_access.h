@@ -17,8 +17,14 @@ namespace RecordAccess {
 /// Columns of the set's table; notes them as the cached column count.
 std::int32_t Columns(DataSetLiteState& state);
 
+[[noreturn]] void RaiseInvalidCell();
+
 /// One cell; raises 41011, source "GetItem", when there is none.
-double Item(DataSetLiteState& state, std::int32_t column, std::int32_t row);
+inline double Item(DataSetLiteState& state, std::int32_t column, std::int32_t row) {
+  double value = 0.0;
+  if (!state.table || !state.table->GetValue(column, row, value)) RaiseInvalidCell();
+  return value;
+}
 
 /// One cell with the user's decimal separator; "" when it is missing or absent.
 std::string ItemText(DataSetLiteState& state, std::int32_t column, std::int32_t row);

@@ -56,7 +56,7 @@ std::unique_ptr<LiteralInserter::Kept> LiteralInserter::Make(std::string_view sq
   kept->head = sql.substr(0, head_size);
   const std::string name(table);
   SqliteStatement columns(database_,
-                          "SELECT type FROM pragma_table_info(?1), sqlite_master AS m"
+                          "SELECT t.type FROM pragma_table_info(?1) AS t, sqlite_master AS m"
                           " WHERE m.type = 'table' AND m.name = ?1 COLLATE NOCASE");
   columns.BindText(1, name);
   while (columns.Step()) {

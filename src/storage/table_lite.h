@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <span>
 #include <string>
@@ -64,7 +65,9 @@ class TableLite final : public FacetOwner {
 
   /// One cell; false when there is none. Column `Columns()` is the row number. A cell that holds
   /// no number reads as NaN.
-  bool GetValue(std::int32_t pColumn, std::int32_t pRow, double& pValue);
+  bool GetValue(std::int32_t pColumn, std::int32_t pRow, double& pValue) {
+    return record_set_ && IsRow(pRow) && record_set_->ReadNumber(pRow + 1, pColumn, &pValue);
+  }
   /// Writes one cell; false when there is none. The row number cannot be written.
   bool PutValue(std::int32_t pColumn, std::int32_t pRow, double pValue);
   /// The row's data cells, each followed by `pSeparator`; "NULL" for a missing one; "" for an
@@ -91,6 +94,11 @@ class TableLite final : public FacetOwner {
   using NextLine = std::function<bool(std::string_view& line)>;
 
   ~TableLite() override;
+
+  /// Whether row `row` (0-based) can have a record number (1-based).
+  static bool IsRow(std::int32_t row) {
+    return row >= 0 && row < std::numeric_limits<std::int32_t>::max();
+  }
   void* FindFacet(const Uuid& pId) override;
 
   Ref<IConnection> Connection() const;

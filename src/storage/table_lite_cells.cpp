@@ -1,22 +1,10 @@
 // Single cells and rows of a data table.
-#include <cmath>
-#include <limits>
-
 #include "storage/run_statements.h"
 #include "storage/table_lite.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5 {
-namespace {
-
-/// Whether row `row` (0-based) can have a record number (1-based).
-bool IsRow(std::int32_t row) {
-  return row >= 0 && row < std::numeric_limits<std::int32_t>::max();
-}
-
-}  // namespace
-
 std::int32_t TableLite::Columns() {
   return record_set_ ? record_set_->FieldCount() - 1 : 0;
 }
@@ -34,10 +22,6 @@ bool TableLite::IsBinary() {
   } catch (const Error&) {
     return false;
   }
-}
-
-bool TableLite::GetValue(std::int32_t pColumn, std::int32_t pRow, double& pValue) {
-  return record_set_ && IsRow(pRow) && record_set_->ReadNumber(pRow + 1, pColumn, &pValue);
 }
 
 bool TableLite::PutValue(std::int32_t pColumn, std::int32_t pRow, double pValue) {
