@@ -142,6 +142,12 @@ TEST(ParseNumber, UnderflowReadsAsZeroOfTheSameSign) {
   ExpectNumbers(',', {{"1,5e-400", 0.0}, {"0,0001e-330", 0.0}});
 }
 
+TEST(ParseNumber, ZerosBehindThePointCanOutweighThePositiveExponent) {
+  const std::string far_down = "0." + std::string(700, '0') + "1e300";
+  const std::string not_so_far = "0." + std::string(700, '0') + "1e701";
+  ExpectNumbers('.', {{far_down, 0.0}, {not_so_far, 1.0}});
+}
+
 TEST(ParseNumber, ReadsTheSmallestNumbers) {
   ExpectNumbers('.', {{"4.9406564584124654e-324", kSmallest},
                       {"-3e-324", -kSmallest},
