@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "support/byte_block.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5 {
@@ -40,8 +41,14 @@ bool InsertLiterals::NextText(InsertLiteral& literal) {
   const char* start = ++at_;
   literal.kind = InsertLiteral::Kind::kText;
   for (;; ++at_) {
+    at_ = ByteScan::Find(
+        at_, end_,
+        [](const char* p) {
+          const ByteScan::ByteBlock block(p);
+          return block.Equal('\'') | block.Equal('\0');
+        },
+        [](const char* p) { return *p == '\'' || *p == '\0'; });
     if (at_ == end_ || *at_ == '\0') return false;
-    if (*at_ != '\'') continue;
     if (at_ + 1 == end_ || at_[1] != '\'') break;
     literal.kind = InsertLiteral::Kind::kQuotedText;
     ++at_;

@@ -15,16 +15,18 @@ namespace tslm5 {
 namespace {
 
 int OpenFlags(const RunOptions& options) {
-  if (options.in_memory) return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY;
+  // Without SQLite's own mutexes: a connection is used by one thread, its caller's.
+  constexpr int kReadWrite = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READWRITE;
+  if (options.in_memory) return kReadWrite | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY;
   switch (options.mode) {
     case RunOptions::Mode::kReadOnly:
-      return SQLITE_OPEN_READONLY;
+      return SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READONLY;
     case RunOptions::Mode::kReadWriteCreate:
-      return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+      return kReadWrite | SQLITE_OPEN_CREATE;
     case RunOptions::Mode::kReadWrite:
       break;
   }
-  return SQLITE_OPEN_READWRITE;
+  return kReadWrite;
 }
 
 std::string SavepointName(int depth) {

@@ -1,11 +1,13 @@
 #include "storage/row_insert_text.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 
 #include "storage/run_statements.h"
+#include "support/byte_block.h"
 #include "support/null_helper.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
@@ -22,6 +24,23 @@ constexpr std::size_t kRoomForRow = 64;     // the quotes around, the row number
 char* Copy(char* out, std::string_view text) {
   std::memcpy(out, text.data(), text.size());
   return out + text.size();
+}
+
+/// Copies [p, end) to `out` up to a blank, an apostrophe or a NUL character and moves `out` on; the
+/// place where it stopped. `out` has room for as many bytes as [p, end) has.
+const char* CopyField(const char* p, const char* end, char*& out) {
+  while (end - p >= static_cast<std::ptrdiff_t>(ByteScan::ByteBlock::kSize)) {
+    const ByteScan::ByteBlock block(p);
+    std::memcpy(out, p, ByteScan::ByteBlock::kSize);
+    if (const unsigned stops = block.Equal(' ') | block.Equal('\'') | block.Equal('\0')) {
+      out += std::countr_zero(stops);
+      return p + std::countr_zero(stops);
+    }
+    p += ByteScan::ByteBlock::kSize;
+    out += ByteScan::ByteBlock::kSize;
+  }
+  for (; p != end && *p != ' ' && *p != '\'' && *p != '\0'; ++p) *out++ = *p;
+  return p;
 }
 
 bool MayBeMissing(std::string_view field) {
@@ -70,11 +89,9 @@ std::string_view RowInsertText::FromLine(std::string_view line, std::int32_t row
     ++fields_;
     char* const start = out;
     *out++ = '\'';
-    for (; p != end && *p != ' '; ++p) {
-      const char c = *p;
-      if (c == '\'' || c == '\0') RaiseUnstorable(row, fields_, c);
-      *out++ = c == ',' && decimal_is_comma_ ? '.' : c;
-    }
+    p = CopyField(p, end, out);
+    if (p != end && *p != ' ') RaiseUnstorable(row, fields_, *p);
+    if (decimal_is_comma_) std::replace(start, out, ',', '.');
     if (MayBeMissing({start + 1, static_cast<std::size_t>(out - start - 1)})) {
       out = Copy(start, kNullText);
     } else {
