@@ -39,7 +39,7 @@ double Rescale(double value, double old_maximum, double old_minimum, double new_
                double new_minimum) {
   const double share = Normalize(value, old_maximum, old_minimum);
   const double span = NotInfinite(new_maximum - new_minimum);
-  return NotInfinite(NotInfinite(share * span) + new_minimum);
+  return NotInfinite(share * span + new_minimum);
 }
 
 std::int32_t FloorValue(double value) {

@@ -72,7 +72,8 @@ TEST(ReadAllText, KeepsEveryByteOfValidText) {
 
 TEST(ReadAllText, ReadsFilesOfManySizes) {
   const TemporaryFolder folder;
-  for (const std::size_t size : {1, 4095, 4096, 4097, 262'143, 262'144, 262'145, 3'000'001}) {
+  for (const std::size_t size :
+       {1u, 4095u, 4096u, 4097u, 262'143u, 262'144u, 262'145u, 3'000'001u}) {
     std::string bytes(size, 'a');
     for (std::size_t i = 0; i < size; i += 97) bytes[i] = static_cast<char>('b' + i % 23);
     EXPECT_EQ(ReadAllText(folder.Write("a.txt", bytes)), bytes) << size;

@@ -63,6 +63,7 @@ TEST(Locale, KnowsIdentifiersAndSymbols) {
 TEST(Locale, TakesTheSymbolsThatGoWithAsciiDigits) {
   EXPECT_EQ(Locale("ar_EG").DecimalSymbol(), '.');
   EXPECT_EQ(Locale("fa_IR").DecimalSymbol(), '.');
+  EXPECT_EQ(Locale("ar_EG").GroupSymbol(), ",");
   EXPECT_EQ(Locale("ar_EG").Identifier(), 3073);
 }
 

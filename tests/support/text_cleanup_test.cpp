@@ -66,6 +66,8 @@ TEST(CollapseRuns, ReturnsTheLongestRun) {
   std::string text = "a  b    c   d";
   EXPECT_EQ(CollapseRuns(text, ' '), 4u);
   EXPECT_EQ(CollapseRuns(text, ' '), 0u);
+  std::string ends_with_zero("a\0", 2);
+  EXPECT_EQ(CollapseRuns(ends_with_zero, '\0'), 0u) << "the terminator is no part of the text";
 }
 
 TEST(CleanLines, KeepsACleanTextAndItsEnd) {
