@@ -9,6 +9,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "tslm5/platform/short_number.h"
+
 namespace tslm5 {
 
 namespace number_text_internal {
@@ -81,13 +83,24 @@ inline bool ParseNumber(std::string_view text, char decimal, double& value) {
   const bool negative = *p == '-';
   if (negative || *p == '+') ++p;
 
-  const char* first = p;
   std::uint64_t mantissa = 0;
+  std::ptrdiff_t fraction_digits = 0;
+  const auto size = static_cast<std::size_t>(end - p);
+  if (size != 0 && size <= kShortNumberSize &&
+      ParseShortNumber(p, size, decimal, mantissa, fraction_digits) &&
+      mantissa <= kLargestExactMantissa) {
+    const double exact = static_cast<double>(mantissa) / kPowersOfTen[fraction_digits];
+    value = negative ? -exact : exact;
+    return true;
+  }
+
+  const char* first = p;
+  mantissa = 0;
   for (; p != end && IsDigit(*p); ++p) {
     mantissa = mantissa * 10 + static_cast<std::uint64_t>(*p - '0');
   }
   std::ptrdiff_t digits = p - first;
-  std::ptrdiff_t fraction_digits = 0;
+  fraction_digits = 0;
   if (p != end && *p == decimal) {
     const char* fraction = ++p;
     for (; p != end && IsDigit(*p); ++p) {
