@@ -1,0 +1,21 @@
+#ifndef TSLM5_HOST_LABEL_LIST_H_
+#define TSLM5_HOST_LABEL_LIST_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tslm5::host {
+
+/// Labels for people: cut and escaped, the first dozen and the number of the others.
+std::string LabelList(const std::vector<std::string>& labels);
+
+/// The columns that the words of `--columns` name, in that order: labels, or d0, d1, ... A word may
+/// hold several, separated by commas, unless it is a label itself. No words: every column.
+/// Raises `Failure`, wrong usage, for a name that is none; the message tells the labels there are.
+std::vector<std::int32_t> ChooseColumns(const std::vector<std::string>& words,
+                                        const std::vector<std::string>& labels);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_LABEL_LIST_H_

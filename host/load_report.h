@@ -1,0 +1,28 @@
+#ifndef TSLM5_HOST_LOAD_REPORT_H_
+#define TSLM5_HOST_LOAD_REPORT_H_
+
+#include <string>
+
+#include "host/cell_survey.h"
+#include "host/options.h"
+#include "host/store_set.h"
+
+namespace tslm5::host {
+
+/// All that a load has to tell.
+struct LoadReport {
+  const LoadOptions& options;
+  const SeparatorChoice& separator;
+  const CellSurvey& survey;
+  const StoredSet& stored;
+};
+
+/// In words, a line a subject.
+std::string LoadText(const LoadReport& report);
+
+/// As one JSON object on one line.
+std::string LoadJson(const LoadReport& report);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_LOAD_REPORT_H_

@@ -1,0 +1,183 @@
+#include "host/options.h"
+
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "host/failure.h"
+#include "host/shown_text.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  tslm5 load prices.csv --run prices.db\n"
+    "  tslm5 info prices.db\n"
+    "  tslm5 show prices.db --rows 1:5\n"
+    "\n"
+    "Exit codes: 0 done, 1 the data were refused, 2 wrong usage, 3 file or database trouble,\n"
+    "130 interrupted. `tslm5 COMMAND --help` tells the options of a command.\n";
+
+constexpr const char* kLoadExamples =
+    "Examples:\n"
+    "  tslm5 load measurements.csv --run flowers.db\n"
+    "  tslm5 load later.csv --run flowers.db --set testing\n"
+    "  tslm5 load plain.txt --run plain.db --separator space --no-labels --json\n"
+    "\n"
+    "One record a line; the last column is the response. A file that cannot be loaded leaves the\n"
+    "run as it was.\n";
+
+constexpr const char* kInfoExamples =
+    "Examples:\n"
+    "  tslm5 info flowers.db\n"
+    "  tslm5 info flowers.db --json\n";
+
+constexpr const char* kShowExamples =
+    "Examples:\n"
+    "  tslm5 show flowers.db --rows 1:10\n"
+    "  tslm5 show flowers.db --columns petal_length,species --format csv\n"
+    "  tslm5 show flowers.db --set testing --rows 101: --json\n"
+    "\n"
+    "A table shows the first 20 rows unless --rows asks for others; csv and json show all.\n";
+
+/// What CLI11 fills before it is turned into the options of a command.
+struct Words {
+  std::string file;
+  std::string run;
+  std::string set = "training";
+  std::string separator = "auto";
+  std::string layout = "rows";
+  std::string rows;
+  std::vector<std::string> columns;
+  std::string format;
+  bool no_labels = false;
+  bool json = false;
+};
+
+void AddLoad(CLI::App& app, Words& words) {
+  CLI::App* load = app.add_subcommand("load", "Load a delimited text file into a run");
+  load->add_option("FILE", words.file, "the text file")->required();
+  load->add_option("--run", words.run, "the run database; made when it is missing")
+      ->required()
+      ->type_name("RUN.db");
+  load->add_option("--set", words.set, "the set to fill (default training)")
+      ->check(CLI::IsMember({"training", "testing"}))
+      ->type_name("SET");
+  load->add_option("--separator", words.separator,
+                   "what stands between fields (default auto: found out)")
+      ->check(CLI::IsMember({"auto", "none", "space", "tab", "comma", "semicolon", "bar"}))
+      ->type_name("NAME");
+  load->add_flag("--no-labels", words.no_labels, "the first line is a record, not the labels");
+  load->add_option("--layout", words.layout, "what a line holds (default rows: a record)")
+      ->check(CLI::IsMember({"rows", "columns"}))
+      ->type_name("NAME");
+  load->add_flag("--json", words.json, "print one JSON object");
+  load->footer(kLoadExamples);
+}
+
+void AddInfo(CLI::App& app, Words& words) {
+  CLI::App* info = app.add_subcommand("info", "Tell what a run holds");
+  info->add_option("RUN", words.run, "the run database")->required();
+  info->add_flag("--json", words.json, "print one JSON object");
+  info->footer(kInfoExamples);
+}
+
+void AddShow(CLI::App& app, Words& words) {
+  CLI::App* show = app.add_subcommand("show", "Print the records of a set");
+  show->add_option("RUN", words.run, "the run database")->required();
+  std::vector<std::string> names;
+  for (const SetName& set : kSets) names.emplace_back(set.name);
+  show->add_option("--set", words.set, "the set to print (default training)")
+      ->check(CLI::IsMember(names))
+      ->type_name("SET");
+  show->add_option("--rows", words.rows, "A:B, A:, :B or A; counted from 1, both ends included")
+      ->type_name("RANGE");
+  show->add_option("--columns", words.columns, "labels, or d0, d1, ...; separated by commas")
+      ->type_name("LABEL,...")
+      ->allow_extra_args(false);
+  CLI::Option* format = show->add_option("--format", words.format, "how to print (default table)")
+                            ->check(CLI::IsMember({"table", "csv", "json"}))
+                            ->type_name("NAME");
+  show->add_flag("--json", words.json, "the same as --format json")->excludes(format);
+  show->footer(kShowExamples);
+}
+
+void RequireRunName(const std::string& run) {
+  if (!run.empty() && !run.starts_with(':') && !run.starts_with("file:")) return;
+  throw Failure(
+      ExitCode::kUsage,
+      fmt::format("{} names no file; the path of a run database was expected", Quoted(run)));
+}
+
+LoadOptions MakeLoad(const Words& words) {
+  LoadOptions options;
+  options.file = words.file;
+  options.run = words.run;
+  options.set = FindSet(words.set);
+  options.separator = FindSeparator(words.separator);
+  options.has_labels = !words.no_labels;
+  options.json = words.json;
+  if (words.layout == "columns") options.layout = layout_code::kRecordsInColumns;
+  if (options.layout == layout_code::kRecordsInColumns && options.separator != nullptr &&
+      options.separator->code == separator_code::kNone) {
+    throw Failure(ExitCode::kUsage, "--layout columns needs a separator between the records");
+  }
+  return options;
+}
+
+ShowOptions MakeShow(const CLI::App& show, const Words& words) {
+  ShowOptions options;
+  options.run = words.run;
+  options.set = FindSet(words.set);
+  if (show.count("--rows") > 0) options.rows = ParseRowRange(words.rows);
+  options.columns = words.columns;
+  if (words.format == "csv") options.format = ShowOptions::Format::kCsv;
+  if (words.format == "json" || words.json) options.format = ShowOptions::Format::kJson;
+  return options;
+}
+
+/// A first word that is no command would only be called an excess one.
+void RequireKnownCommand(CLI::App& app, int argc, const char* const* argv) {
+  if (argc < 2 || *argv[1] == '-') return;
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
+  if (std::find(names.begin(), names.end(), argv[1]) != names.end()) return;
+  throw Failure(ExitCode::kUsage,
+                fmt::format("there is no command {}; the commands are {} (see tslm5 --help)",
+                            Quoted(argv[1]), fmt::join(names, ", ")));
+}
+
+}  // namespace
+
+Invocation ParseCommandLine(int argc, const char* const* argv) {
+  CLI::App app("Loads delimited data into a run database and shows what it holds.", "tslm5");
+  Words words;
+  app.set_version_flag("--version", "tslm5 " TSLM5_VERSION);
+  app.require_subcommand(1);
+  app.footer(kExamples);
+  AddLoad(app, words);
+  AddInfo(app, words);
+  AddShow(app, words);
+  RequireKnownCommand(app, argc, argv);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return HelpText{app.help()};
+  } catch (const CLI::CallForVersion& version) {
+    return HelpText{fmt::format("{}\n", version.what())};
+  } catch (const CLI::ParseError& error) {
+    const auto chosen = app.get_subcommands();
+    const std::string command = chosen.empty() ? "" : chosen.front()->get_name() + " ";
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} (see tslm5 {}--help)", Escaped(error.what()), command));
+  }
+  const CLI::App* command = app.get_subcommands().front();
+  RequireRunName(words.run);
+  if (command->get_name() == "load") return MakeLoad(words);
+  if (command->get_name() == "info") return InfoOptions{words.run, words.json};
+  return MakeShow(*command, words);
+}
+
+}  // namespace tslm5::host

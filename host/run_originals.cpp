@@ -1,0 +1,102 @@
+#include "host/run_originals.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <string>
+#include <vector>
+
+#include "host/interruption.h"
+#include "host/record_reader.h"
+#include "tslm5/contracts/codes.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr std::size_t kIntegerText = 24;
+
+/// Adds `distance` to the keys of the records that `where` names. By way of negative keys, because
+/// a key may be taken until all have moved.
+void MoveKeys(IConnection& connection, std::string_view table, std::int32_t distance,
+              std::string_view where) {
+  if (distance == 0) return;
+  connection.Execute(
+      fmt::format("UPDATE {} SET row = -(row + ({})) WHERE {}", table, distance, where));
+  connection.Execute(fmt::format("UPDATE {} SET row = -row WHERE row < 0", table));
+}
+
+void CreateOriginals(IConnection& connection, std::int32_t columns) {
+  if (connection.TableExists("OriginalData")) connection.Execute("DROP TABLE OriginalData");
+  std::string sql = "CREATE TABLE OriginalData (";
+  for (std::int32_t column = 0; column < columns; ++column) {
+    sql += fmt::format("d{} TEXT, ", column);
+  }
+  connection.Execute(sql + "row INTEGER PRIMARY KEY)");
+}
+
+/// Leaves of the originals those whose keys stand in `kept_table`.
+void KeepOriginalsOf(const RunSession& session, std::string_view kept_table, std::int32_t columns) {
+  IConnection& connection = session.Connection();
+  const bool kept =
+      connection.TableExists(kept_table) && session.ColumnsOf("OriginalData") == columns;
+  if (!kept) return CreateOriginals(connection, columns);
+  connection.Execute(
+      fmt::format("DELETE FROM OriginalData WHERE row NOT IN (SELECT row FROM {})", kept_table));
+}
+
+void AppendQuoted(std::string& sql, std::string_view text) {
+  sql += '\'';
+  for (const char c : text) {
+    if (c == '\'') sql += '\'';
+    sql += c;
+  }
+  sql += '\'';
+}
+
+}  // namespace
+
+std::int32_t ArrangeRowKeys(const RunSession& session, std::int32_t type, std::int32_t records,
+                            std::int32_t columns) {
+  IConnection& connection = session.Connection();
+  if (type == data_set_type::kTesting) {
+    const bool trained = connection.TableExists("TrainingSet");
+    const std::int32_t before =
+        trained ? session.ReadInteger("SELECT MAX(row) FROM TrainingSet") : 0;
+    MoveKeys(connection, "TestingSet", before, "1");
+    KeepOriginalsOf(session, "TrainingSet", columns);
+    return before + 1;
+  }
+  KeepOriginalsOf(session, "TestingSet", columns);
+  if (connection.TableExists("TestingSet")) {
+    const std::int32_t first = session.ReadInteger("SELECT MIN(row) FROM TestingSet");
+    const std::int32_t distance = records + 1 - first;
+    MoveKeys(connection, "OriginalData", distance, "1");
+    MoveKeys(connection, "TestingSet", distance, "1");
+  }
+  return 1;
+}
+
+void WriteOriginals(IConnection& connection, const DelimitedText& text, const CellSurvey& survey,
+                    std::int32_t first_key, Progress& progress) {
+  progress.Begin("Keeping the originals", survey.records);
+  RecordReader reader(text);
+  std::vector<std::string_view> fields;
+  std::string sql;
+  char key[kIntegerText];
+  for (std::int32_t record = 0; reader.Next(); ++record) {
+    StopIfInterrupted();
+    SplitLine(reader.Raw(), *text.separator, fields);
+    if (fields.size() != survey.columns) SplitAtBlanks(reader.Clean(), fields);
+    sql = "INSERT INTO OriginalData VALUES (";
+    for (const std::string_view field : fields) {
+      AppendQuoted(sql, field);
+      sql += ", ";
+    }
+    sql.append(key, std::to_chars(key, key + sizeof key, first_key + record).ptr);
+    sql += ");";
+    connection.Execute(sql);
+    progress.At(record);
+  }
+}
+
+}  // namespace tslm5::host
