@@ -43,7 +43,8 @@ SUFFIXES = {".h", ".hpp", ".hh", ".inc", ".ipp", ".c", ".cc", ".cpp", ".cxx"}
 SEARCH_PATHS = ("include", "src", "tests", ".")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:<([^>]+)>|"([^"]+)"|(\S+))')
-STANDARD_HEADER = re.compile(r"[a-z0-9_]+|(stdint|stddef|stdbool|limits|float)\.h")
+# The standard library's headers, and the compiler's own for vector instructions.
+STANDARD_HEADER = re.compile(r"[a-z0-9_]+|(stdint|stddef|stdbool|limits|float|[a-z]+intrin)\.h")
 
 
 class Place(NamedTuple):

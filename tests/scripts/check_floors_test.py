@@ -40,6 +40,7 @@ class CheckFloorsTest(unittest.TestCase):
             ("src/component/a.cpp", '"datasetlite/set.h"'),
             ("include/tslm5/engine/a.h", "<string_view>"),
             ("include/tslm5/component/a.h", "<stdint.h>"),
+            ("include/tslm5/platform/a.h", "<emmintrin.h>"),
             ("include/tslm5/component/a.h", '"tslm5/contracts/data_set.h"'),
             ("host/a.cpp", '"tslm5/component/create_object.h"'),
             ("host/a.cpp", "<CLI/CLI.hpp>"),
