@@ -28,7 +28,7 @@ bool HasRealAffinity(const char* declared_type) {
 bool LiteralInserter::TryRun(std::string_view sql) {
   Kept* kept = Find(sql);
   if (kept == nullptr || !Bind(*kept, sql.substr(kept->head.size()))) return false;
-  kept->statement.Run();
+  kept->statement.RunFor(sql);
   return true;
 }
 

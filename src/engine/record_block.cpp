@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "engine/sqlite_value.h"
+#include "tslm5/platform/number_text.h"
 
 namespace tslm5 {
 namespace {
@@ -29,6 +30,7 @@ void RecordBlock::Append(sqlite3_stmt* statement, bool has_key) {
         others_.emplace(place, ColumnValue(statement, column));
     } else {
       numbers_[place] = kNoNumber;
+      if (type == SQLITE_TEXT) ParseNumber(ColumnText(statement, column), '.', numbers_[place]);
       if (type != SQLITE_NULL) others_.emplace(place, ColumnValue(statement, column));
     }
   }
@@ -42,8 +44,9 @@ Variant RecordBlock::Value(std::size_t record, int field) const {
   }
   const double number = numbers_[place];
   if (std::isnan(number)) return Null{};
-  if (is_integer_[static_cast<std::size_t>(field)] != 0) {
-    return IntegerValue(static_cast<std::int64_t>(number));
+  const bool is_integer = is_integer_[static_cast<std::size_t>(field)] != 0;
+  if (is_integer && std::abs(number) <= std::numeric_limits<std::int32_t>::max()) {
+    return static_cast<std::int32_t>(number);
   }
   return number;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "engine/sqlite_error.h"
 #include "engine/sqlite_statement.h"
 #include "engine/sqlite_value.h"
 #include "tslm5/platform/error.h"
@@ -65,18 +66,19 @@ void RecordSource::RecognizeTable(std::string_view sql) {
   if (name.empty()) return;
   SqliteStatement columns(
       database_,
-      "SELECT t.name, t.pk, upper(t.type) = 'INTEGER', upper(t.type) IN ('FLOAT', 'REAL', "
-      "'DOUBLE'),"
-      " l.wr FROM pragma_table_info(?1) AS t, pragma_table_list AS l"
+      "SELECT t.name, t.hidden <> 0 OR t.pk = 1 AND upper(t.type) = 'INTEGER',"
+      " upper(t.type) IN ('FLOAT', 'REAL', 'DOUBLE'), l.wr OR lower(t.name) = 'rowid'"
+      " FROM pragma_table_xinfo(?1) AS t, pragma_table_list AS l"
       " WHERE l.name = ?1 COLLATE NOCASE AND l.schema = 'main' AND l.type = 'table'");
   columns.BindText(1, name);
   while (columns.Step()) {
     sqlite3_stmt* record = columns.Handle();
-    if (sqlite3_column_int(record, 4) != 0) return columns_.clear();  // has no rowid
+    // Without a rowid, or with another column of that name, there is no key to go by.
+    if (sqlite3_column_int(record, 3) != 0) return columns_.clear();
     Column column;
     column.name = QuotedName(ColumnText(record, 0));
-    column.is_key = sqlite3_column_int(record, 1) == 1 && sqlite3_column_int(record, 2) != 0;
-    column.is_real = sqlite3_column_int(record, 3) != 0;
+    column.is_key = sqlite3_column_int(record, 1) != 0;
+    column.is_real = sqlite3_column_int(record, 2) != 0;
     columns_.push_back(std::move(column));
   }
   if (columns_.empty()) return;
@@ -103,6 +105,9 @@ void RecordSource::CountTable() {
 
 void RecordSource::ReadAll() {
   SqliteStatement records(database_, sql_);
+  if (!records.IsSelect()) {
+    RaiseEngineError(SQLITE_ERROR, "only a SELECT gives a record set", sql_);
+  }
   fields_ = sqlite3_column_count(records.Handle());
   shift_ = ShiftFor(fields_ > 0 ? fields_ : 1);
   while (records.Step()) {
@@ -125,10 +130,16 @@ void RecordSource::FindBlockStarts() {
   }
 }
 
+void RecordSource::RaiseChangedByOthers() const {
+  RaiseEngineError(SQLITE_BUSY_SNAPSHOT,
+                   "the table " + table_ + " was changed by another program while it was read", "");
+}
+
 RecordBlock& RecordSource::Fetch(std::size_t block) {
   if (!is_dense_ && block_starts_.empty()) FindBlockStarts();
+  if (!is_dense_ && block >= block_starts_.size()) RaiseChangedByOthers();
   const std::int64_t start =
-      is_dense_ ? first_key_ + static_cast<std::int64_t>(block << shift_) : block_starts_.at(block);
+      is_dense_ ? first_key_ + static_cast<std::int64_t>(block << shift_) : block_starts_[block];
   SqliteStatement records(
       database_, "SELECT rowid, * FROM " + table_ + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2");
   records.BindInteger(1, start);
@@ -137,10 +148,7 @@ RecordBlock& RecordSource::Fetch(std::size_t block) {
   auto fetched = std::make_unique<RecordBlock>(BlockCapacity(), fields_);
   while (records.Step()) fetched->Append(records.Handle(), true);
   const std::size_t expected = std::min(count_ - (block << shift_), BlockCapacity());
-  if (fetched->Size() < expected) {
-    throw Error(SQLITE_BUSY_SNAPSHOT, "TSLMRep5",
-                "the table " + table_ + " was changed by another program while it was read");
-  }
+  if (fetched->Size() < expected) RaiseChangedByOthers();
   if (fetched_.size() >= kBlocksKept && !keep_all_blocks_) {
     blocks_[fetched_.front()].reset();
     fetched_.pop_front();

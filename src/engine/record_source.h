@@ -62,6 +62,7 @@ class RecordSource {
   void ReadAll();
   void FindBlockStarts();
   RecordBlock& Fetch(std::size_t block);
+  [[noreturn]] void RaiseChangedByOthers() const;
   std::size_t BlockCapacity() const { return std::size_t{1} << shift_; }
 
   sqlite3* database_;

@@ -29,10 +29,6 @@ int OpenFlags(const RunOptions& options) {
   return kReadWrite;
 }
 
-std::string SavepointName(int depth) {
-  return "nested" + std::to_string(depth);
-}
-
 [[noreturn]] void RaiseNoTransaction(const char* source) {
   throw Error(error_number::kInvalidCall, source, "There is no transaction to end.");
 }
@@ -44,7 +40,7 @@ RunConnection::RunConnection(const std::string& path, const RunOptions& options)
   const char* name = options.in_memory ? ":memory:" : path.c_str();
   const int code = sqlite3_open_v2(name, &database_, OpenFlags(options), nullptr);
   try {
-    if (code != SQLITE_OK) RaiseSqliteError(database_, code, "open " + path);
+    if (code != SQLITE_OK) RaiseCannotOpen(path, sqlite3_extended_errcode(database_));
     Configure(path, options);
   } catch (...) {
     sqlite3_close_v2(database_);
@@ -64,12 +60,16 @@ void RunConnection::Configure(const std::string& path, const RunOptions& options
   sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegisterColumnAggregates(database_);
   inserter_ = LiteralInserter(database_);
-  RunPlain("PRAGMA cache_size = -49152");  // KiB
-
-  SqliteStatement version(database_, "PRAGMA user_version");
-  version.Step();
-  CheckOpenedRun(path, options, sqlite3_db_readonly(database_, "main") == 1,
-                 sqlite3_column_int(version.Handle(), 0));
+  std::int32_t schema_version = 0;
+  try {
+    RunPlain("PRAGMA cache_size = -49152");  // KiB
+    SqliteStatement version(database_, "PRAGMA user_version");
+    version.Step();
+    schema_version = sqlite3_column_int(version.Handle(), 0);
+  } catch (const Error& error) {
+    RaiseCannotOpen(path, error.Number());
+  }
+  CheckOpenedRun(path, options, sqlite3_db_readonly(database_, "main") == 1, schema_version);
 }
 
 void* RunConnection::FindFacet(const Uuid& pId) {
@@ -80,26 +80,17 @@ void* RunConnection::FindFacet(const Uuid& pId) {
 
 void RunConnection::Execute(std::string_view sql) {
   WritePending();
-  if (inserter_.TryRun(sql)) {
-    ++writes_;
-    return;
-  }
+  // Outside a transaction another program may change the table's columns from one to the next.
+  if (sqlite3_get_autocommit(database_) == 0 && RunByBinding(sql)) return;
   SqliteStatement statement(database_, sql);
-  const bool was_autocommit = sqlite3_get_autocommit(database_) != 0;
-  // Counted before it runs: one that fails midway may have changed something too.
-  if (!statement.IsReadOnly()) {
-    ++writes_;
-    inserter_.Clear();
-  }
+  // Noted before it runs: one that fails midway may have changed something too.
+  if (!statement.IsSelect()) NoteChange();
   statement.Run();
-  if (was_autocommit != (sqlite3_get_autocommit(database_) != 0)) ++writes_;
 }
 
 Ref<IDataReader> RunConnection::ExecuteReader(std::string_view sql) {
   WritePending();
-  SqliteStatement statement(database_, sql);
-  if (!statement.IsReadOnly()) ++writes_;
-  return MakeObject<SqliteReader>(*this, std::move(statement));
+  return MakeObject<SqliteReader>(*this, SqliteStatement(database_, sql));
 }
 
 Ref<IRecordSet> RunConnection::OpenRecordSet(std::string_view sql) {
@@ -113,14 +104,15 @@ void RunConnection::BeginTrans() {
 }
 
 void RunConnection::CommitTrans() {
-  if (transaction_depth_ == 0) RaiseNoTransaction("CommitTrans");
+  if (transactions_.empty()) RaiseNoTransaction("CommitTrans");
   WritePending();
   Commit();
 }
 
 void RunConnection::RollbackTrans() {
-  if (transaction_depth_ == 0) RaiseNoTransaction("RollbackTrans");
+  if (transactions_.empty()) RaiseNoTransaction("RollbackTrans");
   for (SqliteRecordSet* record_set : std::exchange(pending_, {})) record_set->DropPending();
+  NoteChange();
   Rollback();
 }
 
@@ -136,6 +128,11 @@ bool RunConnection::TableExists(std::string_view table_name) {
   }
 }
 
+void RunConnection::NoteChange() {
+  ++writes_;
+  inserter_.Clear();
+}
+
 void RunConnection::NotePending(SqliteRecordSet* record_set) {
   pending_.push_back(record_set);
   ++writes_;
@@ -149,16 +146,31 @@ void RunConnection::WritePending() {
   while (!pending_.empty()) pending_.back()->WritePending();
 }
 
+bool RunConnection::RunByBinding(std::string_view sql) {
+  try {
+    if (!inserter_.TryRun(sql)) return false;
+  } catch (...) {
+    NoteChange();  // SQLite may have rolled the transaction back
+    throw;
+  }
+  ++writes_;
+  return true;
+}
+
 void RunConnection::RunPlain(std::string_view sql) {
   SqliteStatement(database_, sql).Run();
 }
 
 void RunConnection::Begin() {
-  const bool nested = sqlite3_get_autocommit(database_) == 0;
-  if (!nested) transaction_depth_ = 0;
+  const bool is_nested = sqlite3_get_autocommit(database_) == 0;
+  if (!is_nested) {
+    transactions_.clear();
+    inserter_.Clear();
+  }
+  std::string savepoint = is_nested ? "nested" + std::to_string(transactions_.size()) : "";
   // Immediate: the wait for a locked database happens here, not in the middle of the work.
-  RunPlain(nested ? "SAVEPOINT " + SavepointName(transaction_depth_) : "BEGIN IMMEDIATE");
-  ++transaction_depth_;
+  RunPlain(is_nested ? "SAVEPOINT " + savepoint : "BEGIN IMMEDIATE");
+  transactions_.push_back(std::move(savepoint));
 }
 
 void RunConnection::Commit() {
@@ -166,23 +178,19 @@ void RunConnection::Commit() {
     throw Error(SQLITE_ABORT_ROLLBACK, "CommitTrans",
                 "The transaction was already rolled back by the database.");
   }
-  const int outer = transaction_depth_ - 1;
-  RunPlain(outer > 0 ? "RELEASE " + SavepointName(outer) : "COMMIT");
-  transaction_depth_ = outer;
+  const std::string& savepoint = transactions_.back();
+  RunPlain(savepoint.empty() ? "COMMIT" : "RELEASE " + savepoint);
+  transactions_.pop_back();
 }
 
 void RunConnection::Rollback() {
-  const int outer = --transaction_depth_;
-  ++writes_;
-  inserter_.Clear();
+  const std::string savepoint = std::move(transactions_.back());
+  transactions_.pop_back();
   // On some failures (a full disk) SQLite has rolled everything back by itself.
-  if (sqlite3_get_autocommit(database_) != 0) return;
-  if (outer > 0) {
-    RunPlain("ROLLBACK TO " + SavepointName(outer));
-    RunPlain("RELEASE " + SavepointName(outer));
-  } else {
-    RunPlain("ROLLBACK");
-  }
+  if (sqlite3_get_autocommit(database_) != 0) return NoteChange();
+  if (savepoint.empty()) return RunPlain("ROLLBACK");
+  RunPlain("ROLLBACK TO " + savepoint);
+  RunPlain("RELEASE " + savepoint);
 }
 
 }  // namespace tslm5

@@ -40,6 +40,9 @@ class RunConnection final : public FacetOwner {
   /// Grows with everything that may have changed a table.
   std::uint64_t Writes() const { return writes_; }
   void CountWrite() { ++writes_; }
+  /// What a statement that is no SELECT, or a rollback, leaves behind: other records, and perhaps
+  /// other tables.
+  void NoteChange();
 
   /// `record_set` has changes now that the table does not have; counts as a write.
   void NotePending(SqliteRecordSet* record_set);
@@ -86,6 +89,7 @@ class RunConnection final : public FacetOwner {
   void* FindFacet(const Uuid& pId) override;
 
   void Configure(const std::string& path, const RunOptions& options);
+  bool RunByBinding(std::string_view sql);
   void RunPlain(std::string_view sql);
   void Begin();
   void Commit();
@@ -93,7 +97,7 @@ class RunConnection final : public FacetOwner {
 
   sqlite3* database_ = nullptr;
   std::uint64_t writes_ = 0;
-  int transaction_depth_ = 0;
+  std::vector<std::string> transactions_;  // outermost first: a savepoint's name, or "" for none
   LiteralInserter inserter_{nullptr};
   std::vector<SqliteRecordSet*> pending_;
   ConnectionFacet connection_facet_{*this};

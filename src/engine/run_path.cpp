@@ -1,5 +1,6 @@
 #include "engine/run_path.h"
 
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,6 +78,8 @@ void CheckRunPath(const std::string& path, const RunOptions& options) {
   if (S_ISDIR(status.st_mode)) {
     Raise(error_number::kFileAccess, "The run " + path + " is a folder; a file was expected.");
   }
+  if (!S_ISREG(status.st_mode))
+    Raise(error_number::kFileAccess, "The run " + path + " is not a file.");
   CheckFile(path, options);
 }
 
@@ -91,6 +94,10 @@ void CheckOpenedRun(const std::string& path, const RunOptions& options, bool is_
               ", which is newer than " + std::to_string(options.newest_schema_version) +
               ", the newest that this program understands.");
   }
+}
+
+void RaiseCannotOpen(const std::string& path, std::int32_t number) {
+  Raise(number, "The run " + path + " cannot be opened: " + sqlite3_errstr(number) + ".");
 }
 
 }  // namespace tslm5

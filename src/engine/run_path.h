@@ -16,6 +16,9 @@ void CheckRunPath(const std::string& path, const RunOptions& options);
 void CheckOpenedRun(const std::string& path, const RunOptions& options, bool is_read_only,
                     std::int32_t schema_version);
 
+/// Raises SQLite's result code `number`, in words that name the file.
+[[noreturn]] void RaiseCannotOpen(const std::string& path, std::int32_t number);
+
 }  // namespace tslm5
 
 #endif  // TSLM5_ENGINE_RUN_PATH_H_

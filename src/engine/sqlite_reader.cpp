@@ -9,13 +9,13 @@
 namespace tslm5 {
 
 bool SqliteReader::Read() {
-  if (!statement_ || at_end_) return on_record_ = false;
   on_record_ = false;
+  if (!statement_ || at_end_) return false;
+  at_end_ = true;  // also when the step fails: another one would begin anew
+  if (!statement_->IsSelect()) connection_->NoteChange();
   on_record_ = statement_->Step();
-  if (!on_record_) {
-    at_end_ = true;
-    statement_->Reset();
-  }
+  at_end_ = !on_record_;
+  if (at_end_) statement_->Reset();
   return on_record_;
 }
 
@@ -31,11 +31,10 @@ sqlite3_stmt* SqliteReader::Record(std::int32_t index) const {
 
 std::int32_t SqliteReader::GetInteger(std::int32_t pIndex) {
   sqlite3_stmt* record = Record(pIndex);
-  if (sqlite3_column_type(record, pIndex) == SQLITE_NULL) return 0;
-  if (sqlite3_column_type(record, pIndex) == SQLITE_FLOAT) {
-    return Variant(sqlite3_column_double(record, pIndex)).ToInteger();
+  if (sqlite3_column_type(record, pIndex) == SQLITE_INTEGER) {
+    return IntegerValue(sqlite3_column_int64(record, pIndex)).ToInteger();
   }
-  return IntegerValue(sqlite3_column_int64(record, pIndex)).ToInteger();
+  return Variant(GetDouble(pIndex)).ToInteger();
 }
 
 double SqliteReader::GetDouble(std::int32_t pIndex) {

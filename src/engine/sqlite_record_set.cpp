@@ -14,7 +14,11 @@ SqliteRecordSet::SqliteRecordSet(RunConnection& connection, std::string_view sql
       seen_writes_(connection.Writes()) {}
 
 SqliteRecordSet::~SqliteRecordSet() {
-  connection_->ForgetPending(this);
+  try {
+    WritePending();
+  } catch (const std::exception&) {  // nobody is left to be told; `Close` would have told
+    connection_->ForgetPending(this);
+  }
 }
 
 void SqliteRecordSet::Close() {
@@ -110,12 +114,18 @@ void SqliteRecordSet::WritePending() {
   const bool was_current = seen_writes_ == connection_->Writes();
   bool buffer_is_exact = true;
   connection_->RunInTransaction([this, &buffer_is_exact](sqlite3* database) {
-    // One statement a field, in the order of the changes within it.
-    std::stable_sort(pending_.begin(), pending_.end(),
-                     [](const Change& a, const Change& b) { return a.field < b.field; });
+    // One statement a field; of several changes of a cell the last one.
+    std::stable_sort(pending_.begin(), pending_.end(), [](const Change& a, const Change& b) {
+      return std::pair(a.field, a.key) < std::pair(b.field, b.key);
+    });
     SqliteStatement update;
     int field = -1;
-    for (const Change& change : pending_) {
+    for (std::size_t i = 0; i < pending_.size(); ++i) {
+      const Change& change = pending_[i];
+      if (i + 1 < pending_.size() && pending_[i + 1].key == change.key &&
+          pending_[i + 1].field == change.field) {
+        continue;
+      }
       if (change.field != field) {
         field = change.field;
         update =

@@ -1,5 +1,7 @@
 #include "engine/sqlite_statement.h"
 
+#include <limits>
+
 #include "engine/sqlite_error.h"
 #include "tslm5/platform/error.h"
 
@@ -32,6 +34,10 @@ bool IsOnlyBlank(std::string_view text) {
 
 SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql)
     : database_(database), sql_(sql.substr(0, 256)) {
+  if (sql.empty()) RaiseEngineError(SQLITE_ERROR, "the statement is empty", sql);
+  if (sql.size() > std::size_t{std::numeric_limits<int>::max()}) {
+    RaiseEngineError(SQLITE_TOOBIG, "the statement is too long", sql);
+  }
   if (sql.find('\0') != std::string_view::npos) {
     RaiseEngineError(SQLITE_ERROR, "the statement holds a NUL character", sql);
   }
@@ -47,9 +53,9 @@ SqliteStatement::SqliteStatement(sqlite3* database, std::string_view sql)
   }
 }
 
-void SqliteStatement::RaiseAndReset(int code) {
+void SqliteStatement::RaiseAndReset(int code, std::string_view sql) {
   try {
-    RaiseSqliteError(database_, code, sql_);
+    RaiseSqliteError(database_, code, sql);
   } catch (...) {
     sqlite3_reset(handle_);
     throw;

@@ -35,14 +35,17 @@ class SqliteStatement {
   bool Step() {
     const int code = sqlite3_step(handle_);
     if (code == SQLITE_ROW) return true;
-    if (code != SQLITE_DONE) RaiseAndReset(code);
+    if (code != SQLITE_DONE) RaiseAndReset(code, sql_);
     return false;
   }
 
   /// Runs the statement to its end and makes it ready to run again.
-  void Run() {
-    while (Step()) {
-    }
+  void Run() { RunFor(sql_); }
+  /// The same for the statement `sql`, which is what a failure shows.
+  void RunFor(std::string_view sql) {
+    int code = SQLITE_ROW;
+    while (code == SQLITE_ROW) code = sqlite3_step(handle_);
+    if (code != SQLITE_DONE) RaiseAndReset(code, sql);
     sqlite3_reset(handle_);
   }
 
@@ -61,13 +64,17 @@ class SqliteStatement {
   }
 
   sqlite3_stmt* Handle() const { return handle_; }
-  bool IsReadOnly() const { return sqlite3_stmt_readonly(handle_) != 0; }
+  /// Whether the statement gives records and changes nothing. The beginning and the end of a
+  /// transaction, which SQLite calls read-only, are no SELECT.
+  bool IsSelect() const {
+    return sqlite3_stmt_readonly(handle_) != 0 && sqlite3_column_count(handle_) > 0;
+  }
 
  private:
   void Check(int code) {
-    if (code != SQLITE_OK) RaiseAndReset(code);
+    if (code != SQLITE_OK) RaiseAndReset(code, sql_);
   }
-  [[noreturn]] void RaiseAndReset(int code);
+  [[noreturn]] void RaiseAndReset(int code, std::string_view sql);
 
   sqlite3* database_ = nullptr;
   sqlite3_stmt* handle_ = nullptr;
