@@ -2,6 +2,8 @@
 // statistics and target queries are in target_queries.cpp.
 #include "datasetlite/data_set_facet.h"
 
+#include "datacheck/data_check.h"
+#include "datacheck/invalid_position.h"
 #include "datasetlite/file_loading.h"
 #include "datasetlite/record_access.h"
 #include "datasetlite/run_labels.h"
@@ -98,6 +100,22 @@ void DataSetFacet::ParseString(std::string&, std::int32_t, bool, std::int32_t, s
 
 void DataSetFacet::Replace(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels) {
   FileLoading(state_).Replace(pFileName, pSeparator, pHasLabels);
+}
+
+bool DataSetFacet::IsValidDataSet(std::string_view pDataFilePath, bool pHasLabels,
+                                  std::int32_t& pSeparator, std::string& outMessage) {
+  const Ref<IDataSet> keep_alive(this);  // a handler may let go of the set
+  DataCheckRules rules;
+  rules.checks_response = state_.problem_category == problem_category::kClassification ||
+                          state_.problem_category == problem_category::kFurtherClassification;
+  SinkDataCheckListener<IDataSetLiteEvents> listener(state_.sinks);
+  return CheckDataFile(pDataFilePath, pHasLabels, pSeparator, rules, listener, outMessage);
+}
+
+Variant DataSetFacet::InvalidPosition(std::int32_t& pColumn, std::int32_t& pRow) {
+  pColumn = LastInvalidPosition().column;
+  pRow = LastInvalidPosition().row;
+  return {};
 }
 
 double DataSetFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {

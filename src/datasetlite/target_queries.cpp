@@ -14,12 +14,6 @@ namespace {
 bool DataSetFacet::FormatDataAs(std::int32_t) {
   RaiseNotImplemented("FormatDataAs");
 }
-bool DataSetFacet::IsValidDataSet(std::string_view, bool, std::int32_t&, std::string&) {
-  RaiseNotImplemented("IsValidDataSet");
-}
-Variant DataSetFacet::InvalidPosition(std::int32_t&, std::int32_t&) {
-  RaiseNotImplemented("InvalidPosition");
-}
 bool DataSetFacet::SetData(IUnknown*, std::int32_t) {
   RaiseNotImplemented("SetData");
 }

@@ -37,6 +37,21 @@ class ByteBlock {
 #endif
   }
 
+  /// The bytes that are ASCII digits.
+  unsigned Digits() const {
+#if defined(__SSE2__)
+    const __m128i values = _mm_sub_epi8(bytes_, _mm_set1_epi8('0'));
+    const __m128i capped = _mm_min_epu8(values, _mm_set1_epi8(9));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(values, capped)));
+#else
+    unsigned bits = 0;
+    for (std::size_t i = 0; i < kSize; ++i) {
+      bits |= static_cast<unsigned>(bytes_[i] >= '0' && bytes_[i] <= '9') << i;
+    }
+    return bits;
+#endif
+  }
+
   /// The bytes outside ASCII.
   unsigned NotAscii() const {
 #if defined(__SSE2__)

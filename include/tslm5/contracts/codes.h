@@ -32,12 +32,13 @@ inline constexpr std::int32_t kRecordsInColumns = 2;  ///< transposed while load
 inline constexpr std::int32_t kResponseFirst = 3;     ///< first field moved to the end
 }  // namespace layout_code
 
-/// Problem categories of a run. 4 is a further category of classified responses.
+/// Problem categories of a run. A classified response must be there in every record.
 namespace problem_category {
 inline constexpr std::int32_t kRegression = 0;
 inline constexpr std::int32_t kClassification = 1;
 inline constexpr std::int32_t kTimeSeries = 2;
 inline constexpr std::int32_t kBinary = 3;
+inline constexpr std::int32_t kFurtherClassification = 4;  ///< classified by other rules than 1
 }  // namespace problem_category
 
 /// The property keys that the datasets themselves read or write.

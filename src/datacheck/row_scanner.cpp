@@ -1,0 +1,104 @@
+#include "datacheck/row_scanner.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#include "support/byte_block.h"
+#include "support/numeric_test.h"
+
+namespace tslm5 {
+namespace {
+
+using ByteScan::ByteBlock;
+
+bool IsBlankRow(std::string_view row) {
+  return row.find_first_not_of(" \t;") == std::string_view::npos;
+}
+
+/// Whether the first `size` of sixteen bytes are a number without exponent.
+bool IsPlainNumber(const ByteBlock& block, std::size_t size, char decimal) {
+  unsigned all = (1U << size) - 1;
+  const unsigned signs = (block.Equal('-') | block.Equal('+')) & 1U;
+  all &= ~signs;
+  const unsigned digits = block.Digits() & all;
+  const unsigned points = block.Equal(decimal) & all;
+  return (digits | points) == all && digits != 0 && (points & (points - 1)) == 0;
+}
+
+}  // namespace
+
+const char* RowScanner::ScanField(const char* p, bool& is_number) const {
+  const auto is_end = [](const char* q) { return *q == ' ' || *q == '\n'; };
+  const char* field_end = nullptr;
+  if (static_cast<std::size_t>(end_ - p) >= ByteBlock::kSize) {
+    const ByteBlock block(p);
+    if (const unsigned ends = block.Equal(' ') | block.Equal('\n'); ends != 0) {
+      const auto size = static_cast<std::size_t>(std::countr_zero(ends));
+      field_end = p + size;
+      is_number = IsPlainNumber(block, size, decimal_);
+      if (is_number) return field_end;
+    }
+  }
+  if (field_end == nullptr) {
+    field_end = ByteScan::Find(
+        p, end_,
+        [](const char* q) {
+          const ByteBlock block(q);
+          return block.Equal(' ') | block.Equal('\n');
+        },
+        is_end);
+  }
+  is_number = IsNumeric({p, static_cast<std::size_t>(field_end - p)}, decimal_);
+  return field_end;
+}
+
+RowScanner::Row RowScanner::Next() {
+  Row row;
+  row.is_empty = *at_ == '\n';
+  const char* p = SkipBlanks(at_);
+  while (p != end_ && *p != '\n') {
+    bool is_number = false;
+    const char* const field_end = ScanField(p, is_number);
+    row.last_field = {p, static_cast<std::size_t>(field_end - p)};
+    if (!is_number && row.first_invalid < 0) {
+      row.first_invalid = row.fields;
+      row.invalid_field = row.last_field;
+    }
+    ++row.fields;
+    p = field_end;
+    if (p == end_ || *p == '\n') break;
+    const char* const next = SkipBlanks(p);
+    // Blanks before the line feed are trimmed; between two of them stands an empty field.
+    p = next == end_ || *next == '\n' ? next : p + 1;
+  }
+  at_ = p == end_ ? p : p + 1;
+  return row;
+}
+
+bool HasEmptyRowInside(std::string_view text) {
+  const char* const end = text.data() + text.size();
+  const std::size_t first = text.find_first_not_of(" \t;\n");
+  if (first == std::string_view::npos) return false;
+  const char* p = text.data() + first;
+  for (;;) {
+    // The next line feed with a line feed, blank, tab or ";" after it.
+    p = ByteScan::Find<1>(
+        p, end,
+        [](const char* q) {
+          const ByteBlock next(q + 1);
+          return ByteBlock(q).Equal('\n') &
+                 (next.Equal('\n') | next.Equal(' ') | next.Equal('\t') | next.Equal(';'));
+        },
+        [](const char* q) { return *q == '\n'; });
+    if (p == end) return false;
+    const std::string_view rest(p + 1, static_cast<std::size_t>(end - p - 1));
+    const std::string_view row = rest.substr(0, rest.find('\n'));
+    if (IsBlankRow(row)) {
+      return rest.find_first_not_of(" \t;\n") != std::string_view::npos;
+    }
+    p += 1 + row.size();
+  }
+}
+
+}  // namespace tslm5
