@@ -16,14 +16,28 @@ bool IsBlankRow(std::string_view row) {
   return row.find_first_not_of(" \t;") == std::string_view::npos;
 }
 
-/// Whether the first `size` of sixteen bytes are a number without exponent.
-bool IsPlainNumber(const ByteBlock& block, std::size_t size, char decimal) {
-  unsigned all = (1U << size) - 1;
-  const unsigned signs = (block.Equal('-') | block.Equal('+')) & 1U;
-  all &= ~signs;
-  const unsigned digits = block.Digits() & all;
-  const unsigned points = block.Equal(decimal) & all;
-  return (digits | points) == all && digits != 0 && (points & (points - 1)) == 0;
+constexpr int kSureExponentDigits = 2;  // with such an exponent, sixteen characters are finite
+
+/// Whether the first `size` of sixteen bytes are a number beyond doubt. False leaves it open for a
+/// number with a long exponent alone.
+bool IsSureNumber(const ByteBlock& block, std::size_t size, char decimal) {
+  unsigned mantissa = (1U << size) - 1;
+  const unsigned digits = block.Digits();
+  const unsigned signs = block.Equal('-') | block.Equal('+');
+  const unsigned marks = (block.Equal('e') | block.Equal('E')) & mantissa;
+  if (marks != 0) {
+    const unsigned mark = marks & (~marks + 1);  // the first one
+    const unsigned exponent = mantissa & ~(mark | (mark - 1)) & ~(signs & mark << 1);
+    const int exponent_digits = std::popcount(exponent);
+    if ((exponent & ~digits) != 0 || exponent_digits < 1 || exponent_digits > kSureExponentDigits) {
+      return false;
+    }
+    mantissa = mark - 1;
+  }
+  mantissa &= ~(signs & 1U);
+  const unsigned points = block.Equal(decimal) & mantissa;
+  return ((digits | points) & mantissa) == mantissa && (digits & mantissa) != 0 &&
+         (points & (points - 1)) == 0;
 }
 
 }  // namespace
@@ -36,7 +50,7 @@ const char* RowScanner::ScanField(const char* p, bool& is_number) const {
     if (const unsigned ends = block.Equal(' ') | block.Equal('\n'); ends != 0) {
       const auto size = static_cast<std::size_t>(std::countr_zero(ends));
       field_end = p + size;
-      is_number = IsPlainNumber(block, size, decimal_);
+      is_number = IsSureNumber(block, size, decimal_);
       if (is_number) return field_end;
     }
   }
