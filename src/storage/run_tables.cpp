@@ -74,7 +74,11 @@ void CreateRunTables(IConnection& connection) {
 Ref<IConnection> ConnectionOf(IUnknown* run) {
   const Ref<IConnectionService> service = Query<IConnectionService>(run);
   if (!service) throw Error(error_number::kInvalidArgument, "", "A run object was expected.");
-  return Query<IConnection>(service->GetConnection().ToObject());
+  Ref<IConnection> connection = Query<IConnection>(service->GetConnection().ToObject());
+  if (!connection) {
+    throw Error(error_number::kInvalidArgument, "", "The run object has no connection.");
+  }
+  return connection;
 }
 
 Ref<IRunSchema> MakeRunSchema() {

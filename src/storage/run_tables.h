@@ -17,7 +17,7 @@ inline constexpr std::int32_t kRunSchemaVersion = 1;
 /// version. The data tables are made by the table store when they are filled.
 void CreateRunTables(IConnection& connection);
 
-/// The connection of a run object; raises 41001 when `run` is none.
+/// The connection of a run object; raises 41001 when `run` is none or lends none.
 Ref<IConnection> ConnectionOf(IUnknown* run);
 
 /// The object behind the class `RunSchema`.

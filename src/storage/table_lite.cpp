@@ -2,6 +2,7 @@
 // its cells in table_lite_cells.cpp, its interfaces in table_lite_facets.cpp.
 #include "storage/table_lite.h"
 
+#include "storage/restore_guard.h"
 #include "storage/run_statements.h"
 #include "storage/run_tables.h"
 #include "storage/table_names.h"
@@ -60,6 +61,7 @@ void TableLite::Execute(std::string_view statement) {
 }
 
 void TableLite::Create(std::int32_t pColumns, std::int32_t pSetType, bool pCreateBackup) {
+  RestoreGuard type_code(type_code_);
   type_code_ = pSetType;
   const Ref<IConnection> connection = Connection();
   CheckColumnCount(pColumns, Name());
@@ -76,6 +78,7 @@ void TableLite::Create(std::int32_t pColumns, std::int32_t pSetType, bool pCreat
   create(run_statement::kCreateTable);
   if (pCreateBackup) create(run_statement::kCreateBackup);
   transaction.Commit();
+  type_code.Keep();
 
   record_set_.Reset();
   row_counter_ = 0;
@@ -108,7 +111,7 @@ void TableLite::ClearCopy() {
 }
 
 bool TableLite::LoadRecordSet() {
-  record_set_.Reset();
+  Dispose(true);
   if (!TableIsThere()) return false;
   record_set_ = Connection()->OpenRecordSet(
       FillStatement(run_statement::kSelectTable, {{"<TABLE>", Name()}}));

@@ -41,6 +41,8 @@ class TableLite final : public FacetOwner {
 
   /// Makes the table anew with `pColumns` data columns, and its backup if asked for, in one
   /// transaction; an older backup goes only then. Closes the record set; the row counter is 0.
+  /// When it fails, the old table, its backup and this object are as they were. More columns than
+  /// the database takes raise 41011.
   void Create(std::int32_t pColumns, std::int32_t pSetType, bool pCreateBackup);
 
   /// Copies every cell of another dataset, rows numbered on from the counter, and reopens the
@@ -73,7 +75,7 @@ class TableLite final : public FacetOwner {
   /// The row's data cells, each followed by `pSeparator`; "NULL" for a missing one; "" for an
   /// absent row.
   std::string GetRow(std::int32_t pRow, std::string_view pSeparator);
-  /// Opens the record set anew; false when there is no such table.
+  /// Opens the record set anew, writing what is pending; false when there is no such table.
   bool LoadRecordSet();
 
   std::int32_t TypeCode() const { return type_code_; }

@@ -3,6 +3,7 @@
 #include <limits>
 #include <string>
 
+#include "storage/restore_guard.h"
 #include "storage/row_insert_text.h"
 #include "storage/table_lite.h"
 #include "storage/transaction.h"
@@ -12,23 +13,6 @@
 
 namespace tslm5 {
 namespace {
-
-/// Gives the row counter its old value back unless the fill was kept.
-class CounterGuard {
- public:
-  explicit CounterGuard(std::int32_t& counter) : counter_(counter), before_(counter) {}
-  CounterGuard(const CounterGuard&) = delete;
-  CounterGuard& operator=(const CounterGuard&) = delete;
-  ~CounterGuard() {
-    if (!kept_) counter_ = before_;
-  }
-  void Keep() { kept_ = true; }
-
- private:
-  std::int32_t& counter_;
-  std::int32_t before_;
-  bool kept_ = false;
-};
 
 bool DecimalIsComma() {
   return CurrentLocale().DecimalSymbol() == ',';
@@ -51,10 +35,11 @@ bool TableLite::ParseText(std::string_view text) {
 }
 
 bool TableLite::FillFromLines(const NextLine& next_line) {
+  const Ref<TableLite> alive(this);  // a listener may let go of the table
   const Ref<IConnection> connection = Connection();
   RowInsertText text(Name(), DecimalIsComma());
   Transaction transaction(*connection);
-  CounterGuard counter(row_counter_);
+  RestoreGuard counter(row_counter_);
   row_counter_ = 1;
   RecordFeedback feedback(sinks_);
   for (std::string_view line; next_line(line);) {
@@ -69,10 +54,11 @@ bool TableLite::FillFromLines(const NextLine& next_line) {
 }
 
 bool TableLite::ParseDataSet(IDataSet& pDataSet) {
+  const Ref<TableLite> alive(this);  // a listener may let go of the table
   const Ref<IConnection> connection = Connection();
   try {
     Transaction transaction(*connection);
-    CounterGuard counter(row_counter_);
+    RestoreGuard counter(row_counter_);
     if (!CopyRows(*connection, pDataSet)) return false;
     transaction.Commit();
     counter.Keep();
@@ -105,7 +91,7 @@ void TableLite::ParseDoubleArray(std::span<const double> pValues) {
   const Ref<IConnection> connection = Connection();
   RowInsertText text(Name(), false);
   Transaction transaction(*connection);
-  CounterGuard counter(row_counter_);
+  RestoreGuard counter(row_counter_);
   for (const double value : pValues) {
     text.BeginNumbers();
     text.AddNumber(value);
