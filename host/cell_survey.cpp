@@ -13,8 +13,18 @@
 namespace tslm5::host {
 namespace {
 
+constexpr std::string_view kSpace = "\r\v\f";
+
 bool IsLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+/// Without what the database takes for blanks around a number: a carriage return left over at the
+/// end of a line does not make its last number a text.
+std::string_view WithoutSpace(std::string_view cell) {
+  const std::size_t first = cell.find_first_not_of(kSpace);
+  if (first == std::string_view::npos) return cell;
+  return cell.substr(first, cell.find_last_not_of(kSpace) - first + 1);
 }
 
 [[noreturn]] void Refuse(const std::string& words) {
@@ -63,6 +73,7 @@ class Surveyor {
       double number = 0.0;
       if (ParseNumber(cell, '.', number)) continue;
       if (comma_is_decimal_ && ParseNumber(cell, ',', number)) continue;
+      if (!IsMissing(cell) && ParseNumber(WithoutSpace(cell), '.', number)) continue;
       if (IsMissing(cell)) {
         ++found_.missing_by_column[column];
         found_.missing.Note(reader_.LineNumber(), column, cell);

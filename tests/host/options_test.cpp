@@ -1,0 +1,117 @@
+#include "host/options.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <vector>
+
+#include "host/failure.h"
+
+namespace tslm5::host {
+namespace {
+
+Invocation Parsed(std::initializer_list<const char*> words) {
+  std::vector<const char*> arguments = {"tslm5"};
+  arguments.insert(arguments.end(), words);
+  return ParseCommandLine(static_cast<int>(arguments.size()), arguments.data());
+}
+
+std::string UsageOf(std::initializer_list<const char*> words) {
+  try {
+    Parsed(words);
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Code(), ExitCode::kUsage);
+    return failure.what();
+  }
+  return "taken";
+}
+
+TEST(Options, LoadHasDefaults) {
+  const auto options = std::get<LoadOptions>(Parsed({"load", "f.csv", "--run", "r.db"}));
+  EXPECT_EQ(options.file, "f.csv");
+  EXPECT_EQ(options.run, "r.db");
+  EXPECT_EQ(options.set->type, data_set_type::kTraining);
+  EXPECT_EQ(options.separator, nullptr);
+  EXPECT_TRUE(options.has_labels);
+  EXPECT_EQ(options.layout, layout_code::kRecordsInRows);
+  EXPECT_FALSE(options.json);
+}
+
+TEST(Options, LoadTakesEveryOption) {
+  const auto options =
+      std::get<LoadOptions>(Parsed({"load", "--run=r.db", "--set", "testing", "--separator", "bar",
+                                    "--no-labels", "--layout", "columns", "--json", "f.csv"}));
+  EXPECT_EQ(options.set->type, data_set_type::kTesting);
+  EXPECT_EQ(options.separator->code, separator_code::kBar);
+  EXPECT_FALSE(options.has_labels);
+  EXPECT_EQ(options.layout, layout_code::kRecordsInColumns);
+  EXPECT_TRUE(options.json);
+}
+
+TEST(Options, ShowTakesEveryOption) {
+  const auto options =
+      std::get<ShowOptions>(Parsed({"show", "r.db", "--set", "time-series-testing", "--rows", "2:5",
+                                    "--columns", "a,b", "--columns", "c", "--format", "csv"}));
+  EXPECT_EQ(options.run, "r.db");
+  EXPECT_EQ(options.set->type, data_set_type::kTimeSeriesTesting);
+  EXPECT_EQ(options.rows.first, 2);
+  EXPECT_EQ(options.rows.last, 5);
+  EXPECT_EQ(options.columns, (std::vector<std::string>{"a,b", "c"}));
+  EXPECT_EQ(options.format, ShowOptions::Format::kCsv);
+}
+
+TEST(Options, JsonIsAFormatOfShow) {
+  EXPECT_EQ(std::get<ShowOptions>(Parsed({"show", "r.db"})).format, ShowOptions::Format::kTable);
+  EXPECT_EQ(std::get<ShowOptions>(Parsed({"show", "r.db", "--json"})).format,
+            ShowOptions::Format::kJson);
+  EXPECT_NE(UsageOf({"show", "r.db", "--json", "--format", "csv"}), "taken");
+}
+
+TEST(Options, WrongUsageIsNamed) {
+  EXPECT_EQ(UsageOf({"load", "f"}), "--run is required (see tslm5 load --help)");
+  EXPECT_EQ(UsageOf({"frob"}),
+            "there is no command \"frob\"; the commands are load, info, show (see tslm5 --help)");
+  EXPECT_EQ(UsageOf({"load", "f", "--run", ":memory:"}),
+            "\":memory:\" names no file; the path of a run database was expected");
+  EXPECT_EQ(UsageOf({"info", ""}), "\"\" names no file; the path of a run database was expected");
+  EXPECT_EQ(UsageOf({"load", "f", "--run", "r", "--layout", "columns", "--separator", "none"}),
+            "--layout columns needs a separator between the records");
+  EXPECT_NE(UsageOf({}), "taken");
+  EXPECT_NE(UsageOf({"load", "f", "--run", "r", "--set", "time-series-training"}), "taken");
+  EXPECT_NE(UsageOf({"show", "r", "--format", "xml"}), "taken");
+  EXPECT_NE(UsageOf({"load", "f", "g", "--run", "r"}), "taken");
+}
+
+TEST(Options, HelpHasExamples) {
+  for (const char* command : {"load", "info", "show"}) {
+    const std::string text = std::get<HelpText>(Parsed({command, "--help"})).text;
+    EXPECT_NE(text.find("Examples:\n  tslm5 " + std::string(command)), std::string::npos) << text;
+  }
+  EXPECT_NE(std::get<HelpText>(Parsed({"--help"})).text.find("Examples:"), std::string::npos);
+  EXPECT_TRUE(std::get<HelpText>(Parsed({"--version"})).text.starts_with("tslm5 "));
+}
+
+TEST(RowRange, IsReadFromItsFourForms) {
+  struct Case {
+    const char* text;
+    std::int32_t first;
+    std::optional<std::int32_t> last;
+  };
+  const Case cases[] = {{"2:5", 2, 5}, {"3:", 3, std::nullopt}, {":4", 1, 4}, {"7", 7, 7}};
+  for (const Case& one : cases) {
+    const RowRange range = ParseRowRange(one.text);
+    EXPECT_TRUE(range.is_given);
+    EXPECT_EQ(range.first, one.first) << one.text;
+    EXPECT_EQ(range.last, one.last) << one.text;
+  }
+}
+
+TEST(RowRange, RefusesOthers) {
+  for (const char* text :
+       {"", ":", "0", "0:3", "5:2", "-1", "a:b", "1:2:3", "1.5", "1 :2", "99999999999"}) {
+    EXPECT_THROW(ParseRowRange(text), Failure) << text;
+  }
+}
+
+}  // namespace
+}  // namespace tslm5::host
