@@ -14,6 +14,7 @@ namespace error_number {
 
 inline constexpr std::int32_t kInvalidCall = 5;  ///< missing key, or an argument of no meaning
 inline constexpr std::int32_t kOverflow = 6;
+inline constexpr std::int32_t kOutOfMemory = 7;
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kDivisionByZero = 11;
 inline constexpr std::int32_t kTypeMismatch = 13;
@@ -27,12 +28,17 @@ inline constexpr std::int32_t kKeyPresent = 457;
 inline constexpr std::int32_t kColumnTooLarge = 12125;
 inline constexpr std::int32_t kColumnBelowZero = 12126;
 inline constexpr std::int32_t kInvalidArgument = 41001;
+inline constexpr std::int32_t kFileMissing = 41007;  ///< a text to be parsed is not there
 inline constexpr std::int32_t kIteratorNotReset = 41010;
 inline constexpr std::int32_t kInvalidData = 41011;
 inline constexpr std::int32_t kUnknownSeparator = 41012;
+inline constexpr std::int32_t kLabelCount = 41013;  ///< labels and fields differ in number
 inline constexpr std::int32_t kCloneOfSameType = 41015;
 inline constexpr std::int32_t kTooManyRows = 41018;
 inline constexpr std::int32_t kTableRefused = 41019;
+inline constexpr std::int32_t kColumnCount = 41020;  ///< a row of another width, or bad labels
+inline constexpr std::int32_t kEmptyText = 41023;
+inline constexpr std::int32_t kMixedSeparators = 41024;
 inline constexpr std::int32_t kMissingResponse = 41025;
 inline constexpr std::int32_t kSingleClass = 41026;
 inline constexpr std::int32_t kNotImplemented = -10000;
