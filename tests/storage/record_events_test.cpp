@@ -175,7 +175,7 @@ TEST(RecordEventsOfOneFill, AreNotPreparedWhenNobodyListens) {
 TEST(RecordEventsOfOneFill, ComeFromNoOtherFill) {
   const TestRun run;
   const Ref<TableLite> table = run.Table(1);
-  const auto sink = MakeObject<CountingTableSink>(1);
+  const auto sink = MakeObject<CountingTableSink>(std::size_t{1});
   table->Advise(sink.get());
   table->ParseDoubleArray(std::vector<double>{1, 2});
   table->ParseFields(std::vector<Variant>{1.0, 9});

@@ -122,7 +122,7 @@ TEST_F(RowNumbering, AnotherObjectOfTheTableCountsOnItsOwn) {
 }
 
 TEST_F(RowNumbering, ACancelledDataSetGivesTheNumbersBack) {
-  const std::int32_t cookie = table_->Advise(MakeObject<CountingTableSink>(3).get());
+  const std::int32_t cookie = table_->Advise(MakeObject<CountingTableSink>(std::size_t{3}).get());
   EXPECT_FALSE(table_->ParseDataSet(*Source({5, 6, 7, 8})));
   table_->Unadvise(cookie);
   EXPECT_TRUE(table_->ParseDataSet(*Source({5, 6, 7, 8})));
@@ -132,7 +132,7 @@ TEST_F(RowNumbering, ACancelledDataSetGivesTheNumbersBack) {
 TEST_F(RowNumbering, CancelledLinesGiveTheNumbersBack) {
   table_->ParseDataSet(*Source({5, 6}));
   table_->DeleteAll();
-  const std::int32_t cookie = table_->Advise(MakeObject<CountingTableSink>(3).get());
+  const std::int32_t cookie = table_->Advise(MakeObject<CountingTableSink>(std::size_t{3}).get());
   EXPECT_FALSE(table_->ParseArray(Lines{"1", "2", "3"}));
   table_->Unadvise(cookie);
   table_->ParseDoubleArray(Numbers{7});
