@@ -74,6 +74,21 @@ TEST(InsertLiteralsTest, TextHoldsWhatever) {
   EXPECT_EQ(Cut("' , ) -- \n /* \u00e9')", 1), "text: , ) -- \n /* \u00e9");
 }
 
+TEST(InsertLiteralsTest, FindsTheEndOfATextOfAnyLength) {
+  for (std::size_t size = 0; size < 50; ++size) {
+    const std::string text(size, 'x');
+    EXPECT_EQ(Cut("'" + text + "',7)", 2), "text:" + text + " int:7") << size;
+    for (std::size_t at = 0; at < size; ++at) {
+      std::string quoted = text;
+      quoted.replace(at, 1, "''");
+      EXPECT_EQ(Cut("'" + quoted + "',7)", 2), "quoted:" + quoted + " int:7") << size << " " << at;
+      std::string cut = text;
+      cut[at] = '\0';
+      EXPECT_EQ(Cut("'" + cut + "',7)", 2), "?") << size << " " << at;
+    }
+  }
+}
+
 TEST(InsertLiteralsTest, IsNotSureOfAnythingElse) {
   for (const char* list : {"",
                            ")",

@@ -127,6 +127,52 @@ TEST(LiteralBindingRandom, RoundsNumericTextCorrectly) {
   }
 }
 
+TEST(LiteralBindingRandom, FollowsEveryDeclaredType) {
+  const TempFolder folder;
+  const std::string path = folder.File("run.db");
+  const Ref<IConnection> connection = ConnectionOf(OpenRun(path, Creating()));
+  BareDatabase stored(path);
+  BareDatabase alone(":memory:");
+  for (const char* type : {"",
+                           "FLOAT",
+                           "float",
+                           "Real",
+                           "DOUBLE PRECISION",
+                           "FLOATING POINT",
+                           "xdoubx",
+                           "INT FLOAT",
+                           "FLOAT INT",
+                           "POINT",
+                           "CHAR REAL",
+                           "REAL TEXT",
+                           "CLOB DOUBLE",
+                           "BLOB REAL",
+                           "REAL BLOB",
+                           "NUMERIC",
+                           "DECIMAL(10,2)",
+                           "BOOLEAN",
+                           "DATE",
+                           "VARCHAR(9)",
+                           "INTEGER",
+                           "BIGINT"}) {
+    connection->BeginTrans();
+    for (const std::string& sql :
+         {std::string("DROP TABLE IF EXISTS t"), "CREATE TABLE t (a " + std::string(type) + ")"}) {
+      connection->Execute(sql);
+      alone.Run(sql);
+    }
+    for (const char* value : {"'1.50'", "'5'", "'5.0'", "' 7 '", "'word'", "'-0'", "-0.0", "12",
+                              "2.5", "-2.50e2", "NULL", "''", "'1e3'", "1e3", "'it''s'"}) {
+      const std::string sql = "INSERT INTO t VALUES (" + std::string(value) + ")";
+      connection->Execute(sql);
+      alone.Run(sql);
+    }
+    connection->CommitTrans();
+    EXPECT_EQ(alone.Records("SELECT a FROM t").size(), 15u);
+    EXPECT_EQ(stored.Records("SELECT a FROM t"), alone.Records("SELECT a FROM t")) << type;
+  }
+}
+
 TEST(LiteralBindingRandom, TakesNoMoreRoomThanSqlite) {
   const TempFolder folder;
   const std::string path = folder.File("run.db");
