@@ -32,6 +32,7 @@ Ref<IUnknown> CloneDataSetLite(const DataSetLiteState& original, std::int32_t ty
   state.data_set_type = type;
   state.table = std::move(table);
   state.cached_columns = -1;
+  state.statistics.Empty();  // figures of the new type code are of older rows
   return clone;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "contracts/property_bag.h"
+#include "datasetlite/statistics_cache.h"
 #include "storage/table_lite.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/data_set_events.h"
@@ -42,6 +43,7 @@ struct DataSetLiteState {
   std::int32_t cached_columns = -1;  // -1: not asked yet
   std::int32_t current_row = -1;     // -1: the iterator was not reset yet
 
+  StatisticsCache statistics;
   std::map<std::int32_t, bool> is_categorical;  // by column index
   std::map<std::int32_t, bool> has_missing;     // by column index
 

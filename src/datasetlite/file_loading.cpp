@@ -226,6 +226,7 @@ FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t colum
   transaction.Commit();
   state_.table = table;
   state_.cached_columns = columns;
+  state_.statistics.Empty();
   return stored ? Outcome::kLoaded : Outcome::kEmptied;
 }
 

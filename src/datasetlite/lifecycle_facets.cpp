@@ -69,6 +69,7 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
   }
   RunLabels::Load(state_);
   LoadColumnFlags(state_);
+  state_.statistics.ExpectTables();
   state_.is_first_load = false;
   state_.is_dirty = false;
   state_.is_ready = loaded;

@@ -114,6 +114,7 @@ void Clear(DataSetLiteState& state) {
   state.label_line.clear();
   state.is_ready = false;
   state.cached_columns = -1;
+  state.statistics.Empty();
 }
 
 }  // namespace RecordAccess

@@ -34,6 +34,9 @@ inline constexpr std::string_view kCountTesting = "SELECT COUNT(*) FROM TestingS
 inline constexpr std::string_view kProbeTesting = "SELECT * FROM TestingSet WHERE 1=0;";
 inline constexpr std::string_view kCopyTestingToTraining =
     "INSERT INTO TrainingSet SELECT * FROM TestingSet;";
+inline constexpr std::string_view kCountTable = "SELECT COUNT(*) FROM <TABLE>";
+inline constexpr std::string_view kProbeTable = "SELECT * FROM <TABLE> WHERE 0 = 1";
+inline constexpr std::string_view kSelectFirstRecord = "SELECT * FROM <TABLE> LIMIT 1";
 inline constexpr std::string_view kDistinctClasses =
     "SELECT DISTINCT <XX> from <TABLE> ORDER BY <XX>";
 inline constexpr std::string_view kColumnFigures =
