@@ -1,6 +1,7 @@
 #include "engine/column_aggregates.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <new>
 
@@ -57,16 +58,63 @@ void Register(sqlite3* database, const char* name, void (*finish)(sqlite3_contex
   if (code != SQLITE_OK) RaiseSqliteError(database, code, name);
 }
 
+/// The value at a place of the sorted order, and the one before it where there is one.
+struct Pair {
+  double lower = 0.0;
+  double upper = 0.0;
+};
+
+/// Both by selection, which reorders `values`; `place` below their number.
+Pair Select(std::vector<double>& values, std::size_t place) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(place);
+  std::nth_element(values.begin(), middle, values.end());
+  const double lower = place > 0 ? *std::max_element(values.begin(), middle) : *middle;
+  return {lower, *middle};
+}
+
+constexpr std::size_t kLeastForSample = 16384;
+constexpr std::size_t kSampleSize = 1024;
+constexpr std::size_t kSampleMargin = 80;  // five standard deviations of the median's sample rank
+
+/// Both by bracketing (Floyd and Rivest 1975): a sorted sample gives two values that most probably
+/// lie around the wanted ones, and one pass keeps what is between. False when they do not lie
+/// there, or too many do; `values` stay as they are.
+bool SelectBySample(const std::vector<double>& values, std::size_t place, Pair& pair) {
+  std::array<double, kSampleSize> sample;
+  for (std::size_t i = 0; i < kSampleSize; ++i) {
+    sample[i] = values[i * values.size() / kSampleSize];
+  }
+  std::sort(sample.begin(), sample.end());
+  const double low = sample[kSampleSize / 2 - kSampleMargin];
+  const double high = sample[kSampleSize / 2 + kSampleMargin];
+
+  std::size_t below = 0;
+  std::size_t kept = 0;
+  std::vector<double> between(values.size() / 4);
+  for (const double value : values) {
+    below += static_cast<std::size_t>(value < low);
+    if (kept == between.size()) return false;
+    between[kept] = value;
+    kept += static_cast<std::size_t>(value >= low && value <= high);
+  }
+  if (place < below + 1 || place >= below + kept) return false;
+  between.resize(kept);
+  pair = Select(between, place - below);
+  return true;
+}
+
 }  // namespace
 
 std::optional<double> Median(std::vector<double>& values) {
   if (values.empty()) return std::nullopt;
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  if (values.size() % 2 == 1) return *middle;
-  const double below = *std::max_element(values.begin(), middle);
-  const double sum = below + *middle;
-  return std::isfinite(sum) ? sum / 2 : below / 2 + *middle / 2;
+  const std::size_t upper = values.size() / 2;
+  Pair middle;
+  if (values.size() < kLeastForSample || !SelectBySample(values, upper, middle)) {
+    middle = Select(values, upper);
+  }
+  if (values.size() % 2 == 1) return middle.upper;
+  const double sum = middle.lower + middle.upper;
+  return std::isfinite(sum) ? sum / 2 : middle.lower / 2 + middle.upper / 2;
 }
 
 std::optional<double> SampleDeviation(const std::vector<double>& values) {

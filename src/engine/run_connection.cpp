@@ -4,6 +4,8 @@
 #include <string>
 
 #include "engine/column_aggregates.h"
+#include "engine/figures_reader.h"
+#include "engine/figures_scan.h"
 #include "engine/run_path.h"
 #include "engine/sqlite_error.h"
 #include "engine/sqlite_reader.h"
@@ -90,6 +92,11 @@ void RunConnection::Execute(std::string_view sql) {
 
 Ref<IDataReader> RunConnection::ExecuteReader(std::string_view sql) {
   WritePending();
+  FiguresQuery figures;
+  std::vector<Variant> values;
+  if (ParseFiguresQuery(sql, figures) && ScanFigures(database_, figures, values)) {
+    return MakeObject<FiguresReader>(std::move(figures.items), std::move(values));
+  }
   return MakeObject<SqliteReader>(*this, SqliteStatement(database_, sql));
 }
 

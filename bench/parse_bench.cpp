@@ -1,0 +1,124 @@
+// Parsing a delimited file into an in-memory set, beside its floor: the same file read whole and
+// every field converted by from_chars into a std::vector of doubles. The two take turns, so that a
+// machine's moods hit both; "ratio" is the median over the turns of the parse's processor time by
+// the floor's.
+//   parse_bench --benchmark_filter=Ratio   the figures of the README
+//   parse_bench --benchmark_filter=Memory  peak memory of a parse; run it alone
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "bench_file.h"
+#include "tslm5/component/create_object.h"
+#include "tslm5/contracts/codes.h"
+#include "tslm5/contracts/data_set.h"
+
+namespace tslm5::bench {
+namespace {
+
+std::vector<double> ParseBare(const std::string& path) {
+  std::string bytes(std::filesystem::file_size(path), '\0');
+  std::FILE* file = std::fopen(path.c_str(), "rb");
+  if (file == nullptr || std::fread(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
+    throw std::runtime_error("read");
+  }
+  std::fclose(file);
+  std::vector<double> values;
+  const char* const end = bytes.data() + bytes.size();
+  for (const char* p = bytes.data(); p != end;) {
+    double value = 0.0;
+    p = std::from_chars(p, end, value).ptr + 1;  // past the "," or the line feed
+    values.push_back(value);
+  }
+  return values;
+}
+
+Ref<IDataSet> ParseSet(const std::string& path) {
+  Ref<IDataSet> set = CreateObject<IDataSet>(class_id::kInMemorySet);
+  set->Parse(path, separator_code::kComma, false, data_set_type::kTraining,
+             layout_code::kRecordsInRows);
+  return set;
+}
+
+void RequireEqual(IDataSet& set, const std::vector<double>& values) {
+  const auto columns = static_cast<std::size_t>(set.Columns());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const double cell =
+        set.GetItem(static_cast<std::int32_t>(i % columns), static_cast<std::int32_t>(i / columns));
+    if (cell != values[i]) throw std::runtime_error("cell " + std::to_string(i));
+  }
+}
+
+double ProcessorSeconds() {
+  timespec now{};
+  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+}
+
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::nth_element(values.begin(), middle, values.end());
+  return *middle;
+}
+
+void Floor(benchmark::State& state) {
+  const std::string& path = NumberFile(state.range(0), state.range(1));
+  for (auto _ : state) benchmark::DoNotOptimize(ParseBare(path));
+}
+
+void Parse(benchmark::State& state) {
+  const std::string& path = NumberFile(state.range(0), state.range(1));
+  for (auto _ : state) benchmark::DoNotOptimize(ParseSet(path));
+}
+
+void Ratio(benchmark::State& state) {
+  const std::string& path = NumberFile(state.range(0), state.range(1));
+  RequireEqual(*ParseSet(path), ParseBare(path));
+  std::vector<double> floors;
+  std::vector<double> parses;
+  std::vector<double> ratios;
+  for (auto _ : state) {
+    const double start = ProcessorSeconds();
+    benchmark::DoNotOptimize(ParseBare(path));
+    const double middle = ProcessorSeconds();
+    benchmark::DoNotOptimize(ParseSet(path));
+    const double end = ProcessorSeconds();
+    floors.push_back(middle - start);
+    parses.push_back(end - middle);
+    ratios.push_back(parses.back() / floors.back());
+  }
+  state.counters["floor_ms"] = 1e3 * Median(floors);
+  state.counters["parse_ms"] = 1e3 * Median(parses);
+  state.counters["ratio"] = Median(ratios);
+}
+
+/// What the process needed at most, less the file and the array: "over_mb" may be 64.
+void Memory(benchmark::State& state) {
+  const std::string& path = NumberFile(state.range(0), state.range(1));
+  for (auto _ : state) benchmark::DoNotOptimize(ParseSet(path));
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const double mebibyte = 1048576.0;
+  const double peak = static_cast<double>(usage.ru_maxrss) * 1024.0 / mebibyte;
+  const double file = static_cast<double>(std::filesystem::file_size(path)) / mebibyte;
+  const double array = static_cast<double>(state.range(0) * state.range(1)) * 8.0 / mebibyte;
+  state.counters["file_mb"] = file;
+  state.counters["array_mb"] = array;
+  state.counters["over_mb"] = peak - file - array;
+}
+
+BENCHMARK(Floor)->Args({1'000'000, 10})->Unit(benchmark::kMillisecond);
+BENCHMARK(Parse)->Args({1'000'000, 10})->Unit(benchmark::kMillisecond);
+BENCHMARK(Ratio)->Args({1'000'000, 10})->Args({100'000, 100})->Args({5'000'000, 2})->Iterations(11);
+BENCHMARK(Memory)->Args({1'000'000, 10})->Iterations(1);
+
+}  // namespace
+}  // namespace tslm5::bench
