@@ -8,6 +8,7 @@ namespace tslm5::host {
 namespace {
 
 constexpr std::string_view kEngineSource = "TSLMRep5";
+constexpr std::string_view kOpeningSource = "OpenRun";  // SQLite's codes beside two of our own
 constexpr std::int32_t kPrimaryCodeMask = 0xFF;
 constexpr std::int32_t kSqlError = 1;
 
@@ -70,8 +71,9 @@ bool IsRefusedStatement(const Error& error) {
 
 Failure FailureOf(const Error& error) {
   const bool engine = IsEngineError(error);
-  const Meaning* meaning = engine ? Find(kEngineMeanings, error.Number() & kPrimaryCodeMask)
-                                  : Find(kComponentMeanings, error.Number());
+  const Meaning* meaning = engine || error.Source() == kOpeningSource
+                               ? Find(kEngineMeanings, error.Number() & kPrimaryCodeMask)
+                               : Find(kComponentMeanings, error.Number());
   std::string description = Escaped(error.what());
   if (engine) description += fmt::format(" (SQLite code {})", error.Number());
   if (meaning == nullptr) return Failure(ExitCode::kTrouble, description);

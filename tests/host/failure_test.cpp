@@ -56,6 +56,15 @@ TEST(Failure, OfTheComponentIsToldByItsOwnNumbers) {
   }
 }
 
+TEST(Failure, ToOpenARunIsNeverTheDatas) {
+  for (const std::int32_t number : {5, 6, 13, 14, 26, 53, 75, 41001}) {
+    EXPECT_EQ(FailureOf(Error(number, "OpenRun", "")).Code(), ExitCode::kTrouble) << number;
+  }
+  EXPECT_STREQ(FailureOf(Error(26, "OpenRun", "Cannot be opened.")).what(),
+               "the file is not a run database: Cannot be opened.");
+  EXPECT_STREQ(FailureOf(Error(53, "OpenRun", "There is no run.")).what(), "There is no run.");
+}
+
 TEST(Failure, KnowsARefusedStatement) {
   EXPECT_TRUE(IsRefusedStatement(Error(1, "TSLMRep5", "")));
   EXPECT_TRUE(IsRefusedStatement(Error(1555, "TSLMRep5", "")));

@@ -1,0 +1,146 @@
+"""Files that cannot be loaded: each is named for what it is, and the run stays as it was."""
+
+import unittest
+
+from host_case import HostCase, dump
+
+
+class RefusalTest(HostCase):
+    def setUp(self):
+        super().setUp()
+        self.load("a,b\n1,2\n3,4\n")
+        self.load("a,b\n5,6\n", "--set", "testing")
+        self.before = dump(self.run_path)
+
+    def refused(self, message, content, *options, code=1):
+        """Loads a text that is refused: into the run, which stays, and into a new one."""
+        file = self.write("bad.csv", content)
+        for run in (self.run_path, self.folder / "new.db"):
+            self.failed(code, message, "load", file, "--run", run, *options)
+        self.assertEqual(dump(self.run_path), self.before)
+        self.assertEqual(self.leftovers(), [])
+
+    def leftovers(self):
+        return sorted(
+            path.name
+            for path in self.folder.iterdir()
+            if path.name.startswith("new.db") or path.name.endswith("-journal")
+        )
+
+    def test_missing_file_and_directory(self):
+        for name, words in [
+            ("none.csv", "there is no such file"),
+            (".", "this is a directory; a file was expected"),
+        ]:
+            path = self.folder / name if name != "." else self.folder
+            self.failed(3, f"{path}: {words}", "load", path, "--run", self.folder / "new.db")
+        self.assertEqual(self.leftovers(), [])
+
+    def test_empty_file(self):
+        self.refused(f"{self.folder}/bad.csv: the file is empty", "")
+
+    def test_labels_only(self):
+        self.refused(
+            "there are no records: 1 lines, 1 of them the label line and 0 empty (--no-labels "
+            "takes the first line for a record)",
+            "a,b\n",
+        )
+
+    def test_empty_lines_only(self):
+        self.refused(
+            "there are no records: 3 lines, 0 of them the label line and 3 empty",
+            "\n \n\n",
+            "--no-labels",
+        )
+
+    def test_ragged_rows(self):
+        self.refused(
+            "line 3 has 3 fields, but the first record, on line 2, has 2", "a,b\n1,2\n3,4,5\n"
+        )
+        self.refused(
+            "line 3 has 1 fields, but the first record, on line 2, has 2", "a,b\n1,2\n3\n6,7\n"
+        )
+
+    def test_ragged_columns(self):
+        self.refused(
+            "line 2 has more fields than the first line, which has 2; with the layout columns "
+            "every line must hold one value a record",
+            "1,2\n3,4,5\n",
+            *("--layout", "columns", "--separator", "comma", "--no-labels"),
+        )
+
+    def test_too_many_columns(self):
+        line = ",".join(["1"] * 2500)
+        self.refused(
+            "line 1 has 2500 columns; a run holds 1999 at most", f"{line}\n{line}\n", "--no-labels"
+        )
+
+    def test_nul_bytes(self):
+        self.refused(
+            "line 2 holds a NUL byte: this is no text, or UTF-16 without the mark at its beginning "
+            "that says so",
+            b"a,b\n1,\x002\n",
+        )
+
+    def test_lone_carriage_returns(self):
+        self.refused(
+            "there are no records: 1 lines, 1 of them the label line and 0 empty; a carriage "
+            "return alone does not end a line",
+            "a,b\r1,2\r3,4\r",
+        )
+
+    def test_labels_that_do_not_fit(self):
+        self.refused(
+            'the label line has 2 labels, but the records have 3 columns: "a,b"',
+            "a,b\n1,2,3\n4,5,6\n",
+        )
+
+    def test_an_apostrophe_in_a_cell(self):
+        self.refused(
+            'line 3, column 2: the loader does not take the apostrophe in "it\'s"',
+            "a,b\n1,2\n3,it's\n",
+        )
+
+    def test_a_statement_in_a_cell(self):
+        self.refused(
+            'line 2, column 1: the loader does not take the apostrophe in "1\')DROP/**/TABLE"',
+            "a,b\n1');DROP/**/TABLE,2\n3,4\n",
+            *("--separator", "comma"),
+        )
+        self.refused(
+            "line 3 has 6 fields, but the first record, on line 2, has 2; the blank in \"1'); DROP "
+            'TABLE TrainingSet; --" counts as a separator too',
+            "a,b\n1,2\n1'); DROP TABLE TrainingSet; --,2\n",
+            *("--separator", "comma"),
+        )
+
+    def test_control_characters_are_not_shown_as_such(self):
+        label = "\x1b[31m" + "x" * 70
+        self.refused(
+            "the label line has 1 labels, but the records have 2 columns: "
+            '"\\u{001B}[31m' + "x" * 55 + '..."',
+            f"{label}\n1,2\n3,4\n5,6\n",
+        )
+
+    def test_a_line_of_many_megabytes(self):
+        line = "1," * 10_000_000 + "1"
+        self.refused("line 1 has 10000001 columns; a run holds 1999 at most", line, "--no-labels")
+
+    def test_a_run_that_is_none(self):
+        file = self.write("good.csv", "a,b\n1,2\n")
+        text = self.write("text.db", "this is no database, but a text that is long enough\n" * 9)
+        result = self.program("load", file, "--run", text)
+        self.assertEqual(result.returncode, 3)
+        self.assertRegex(result.stderr, "^tslm5: the file is not a run database: ")
+        folder = self.folder / "folder.db"
+        folder.mkdir()
+        self.assertEqual(self.program("load", file, "--run", folder).returncode, 3)
+        absent = self.folder / "absent" / "run.db"
+        self.assertEqual(self.program("load", file, "--run", absent).returncode, 3)
+        for command in ("info", "show"):
+            self.assertEqual(self.program(command, self.folder / "new.db").returncode, 3)
+        self.assertEqual(self.leftovers(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()

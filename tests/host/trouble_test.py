@@ -1,0 +1,151 @@
+"""Trouble around the program: locked and read-only runs, full disks, broken pipes."""
+
+import os
+import resource
+import shutil
+import sqlite3
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+from host_case import PROGRAM, HostCase, dump, plain_environment
+
+NOBODY = "65534"
+
+
+class TroubleTest(HostCase):
+    def setUp(self):
+        super().setUp()
+        self.load("a,b\n1,2\n3,4\n")
+        self.before = dump(self.run_path)
+        self.file = self.write("next.csv", "a,b\n5,6\n")
+
+    def test_a_locked_run(self):
+        other = sqlite3.connect(self.run_path)
+        self.addCleanup(other.close)
+        other.execute("BEGIN EXCLUSIVE")
+        result = self.program("load", self.file, "--run", self.run_path)
+        other.rollback()
+        self.assertEqual((result.returncode, result.stdout), (3, ""))
+        self.assertRegex(result.stderr, r"^tslm5: the run is locked by another program; .*\n$")
+        self.assertEqual(dump(self.run_path), self.before)
+
+    def test_a_run_that_is_being_read(self):
+        other = sqlite3.connect(self.run_path)
+        self.addCleanup(other.close)
+        other.execute("BEGIN")
+        other.execute("SELECT * FROM TrainingSet").fetchone()
+        result = self.program("load", self.file, "--run", self.run_path)
+        other.rollback()
+        self.assertEqual(result.returncode, 3, result.stderr)
+        self.assertRegex(result.stderr, r"^tslm5: the run is locked by another program; .*\n$")
+        self.assertEqual(dump(self.run_path), self.before)
+
+    def as_nobody(self, *words):
+        """Runs the program as a user who owns nothing here."""
+        if os.geteuid() != 0 or shutil.which("setpriv") is None:
+            self.skipTest("needs root and setpriv, to run as another user")
+        prefix = ["setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups"]
+        if subprocess.run([*prefix, "test", "-x", PROGRAM], check=False).returncode != 0:
+            self.skipTest("another user may not run the program where it was built")
+        self.folder.chmod(0o755)
+        return subprocess.run(
+            [*prefix, PROGRAM, *map(str, words)],
+            capture_output=True,
+            text=True,
+            env=plain_environment(),
+            check=False,
+        )
+
+    def test_a_read_only_run(self):
+        result = self.as_nobody("load", self.file, "--run", self.run_path)
+        self.assertEqual((result.returncode, result.stdout), (3, ""))
+        self.assertRegex(
+            result.stderr, rf"^tslm5: The run {self.run_path} cannot be written[^\n]*\n$"
+        )
+        self.assertEqual(dump(self.run_path), self.before)
+        shown = self.as_nobody("show", self.run_path, "--format", "csv")
+        self.assertEqual((shown.returncode, shown.stdout), (0, "a,b\n1,2\n3,4\n"))
+
+    def test_a_folder_that_takes_no_run(self):
+        result = self.as_nobody("load", self.file, "--run", self.folder / "new.db")
+        self.assertEqual((result.returncode, result.stdout), (3, ""))
+        self.assertRegex(result.stderr, r"^tslm5: The run .*new.db cannot be made[^\n]*\n$")
+
+    def test_an_unreadable_file(self):
+        self.file.chmod(0o600)
+        result = self.as_nobody("load", self.file, "--run", self.run_path)
+        self.assertEqual((result.returncode, result.stdout), (3, ""))
+        self.assertEqual(
+            result.stderr, f"tslm5: {self.file}: the file cannot be opened: Permission denied\n"
+        )
+
+    def big_file(self):
+        return self.write("big.csv", "a,b\n" + "1.25,2.5\n" * 200_000)
+
+    def test_a_full_disk(self):
+        place = tempfile.mkdtemp()
+        self.addCleanup(os.rmdir, place)
+        mount = ["mount", "-t", "tmpfs", "-o", "size=2m", "tmpfs", place]
+        if os.geteuid() != 0 or subprocess.run(mount, capture_output=True, check=False).returncode:
+            self.skipTest("needs to mount a small file system")
+        self.addCleanup(subprocess.run, ["umount", place], check=True)
+        run = Path(place) / "run.db"
+        shutil.copy(self.run_path, run)
+        big = self.big_file()
+        for path in (run, Path(place) / "new.db"):
+            result = self.program("load", big, "--run", path)
+            self.assertEqual((result.returncode, result.stdout), (3, ""))
+            self.assertRegex(result.stderr, r"^tslm5: no space is left for the run: [^\n]*\n$")
+        self.assertEqual(dump(run), self.before)
+        self.assertEqual(os.listdir(place), ["run.db"])
+
+    def test_a_limit_on_the_size_of_files(self):
+        big = self.big_file()
+        result = subprocess.run(
+            [PROGRAM, "load", str(big), "--run", str(self.run_path)],
+            capture_output=True,
+            text=True,
+            env=plain_environment(),
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (1 << 20, 1 << 20)),
+            check=False,
+        )
+        self.assertEqual((result.returncode, result.stdout), (3, ""), result.stderr)
+        self.assertRegex(result.stderr, r"^tslm5: [^\n]*\n$")
+        self.assertEqual(dump(self.run_path), self.before)
+
+    def test_an_output_that_takes_nothing(self):
+        for words in (["--help"], ["show", self.run_path], ["info", self.run_path]):
+            with open("/dev/full", "w", encoding="ascii") as full:
+                result = subprocess.run(
+                    [PROGRAM, *map(str, words)],
+                    stdout=full,
+                    stderr=subprocess.PIPE,
+                    text=True,
+                    env=plain_environment(),
+                    check=False,
+                )
+            self.assertEqual(result.returncode, 3)
+            self.assertEqual(
+                result.stderr,
+                "tslm5: the result cannot be written to standard output: No space left on device\n",
+            )
+
+    def test_a_reader_that_has_had_enough(self):
+        self.load("a,b\n" + "1,2\n" * 100_000)
+        for form in ("table", "csv", "json"):
+            with subprocess.Popen(
+                [PROGRAM, "show", self.run_path, "--rows", "1:", "--format", form],
+                stdout=subprocess.PIPE,
+                stderr=subprocess.PIPE,
+                env=plain_environment(),
+            ) as process:
+                process.stdout.read(1)
+                process.stdout.close()
+                self.assertEqual(process.stderr.read(), b"")
+            self.assertEqual(process.returncode, -13)  # as by SIGPIPE
+
+
+if __name__ == "__main__":
+    unittest.main()
