@@ -174,8 +174,9 @@ class DataCheck {
     const bool has_empty_row = HasEmptyRowInside(text_);
     Feedback(check_text::kClearingRows);
     Feedback(check_text::kRemovingCharacters);
+    const bool drops_labels = has_labels_ && !IsFirstLineBlank();
     TextCleanup::CleanLines(text_);
-    const std::size_t start = has_labels_ ? TextCleanup::SecondLineOffset(text_) : 0;
+    const std::size_t start = drops_labels ? TextCleanup::SecondLineOffset(text_) : 0;
     std::string_view data = std::string_view(text_).substr(start);
     while (data.ends_with('\n')) data.remove_suffix(1);
     if (has_empty_row || data.empty()) RaiseInvalidData(std::string(check_text::kEmptyRows));
@@ -189,6 +190,12 @@ class DataCheck {
     row_index_ = rows;
     arguments_->put_Rows(static_cast<std::int32_t>(rows));
     End(check_text::kCompleted);
+  }
+
+  /// Whether the clean-up deletes the first line: then it cannot be dropped a second time.
+  bool IsFirstLineBlank() const {
+    const std::size_t first = text_.find_first_not_of(" \t;");
+    return first == std::string::npos || text_[first] == '\n';
   }
 
   /// Ends early, and as a success, when a handler cancels.
