@@ -40,6 +40,8 @@ std::vector<StatementCase> DataTableStatements() {
       {"kCountClasses",
        FillStatement(kCountClasses, {{"<COLUMN>", "1"}, {"<TABLE>", "TrainingSet"}}),
        "SELECT COUNT(DISTINCT d1) FROM TrainingSet"},
+      {"kCountTable", FillStatement(kCountTable, {{"<TABLE>", "TestingSet"}}),
+       "SELECT COUNT(*) FROM TestingSet"},
       {"kCountTraining", std::string(kCountTraining), "SELECT COUNT(*) FROM TrainingSet"},
       {"kCountTesting", std::string(kCountTesting), "SELECT COUNT(*) FROM TestingSet"},
       {"kProbeTesting", std::string(kProbeTesting), "SELECT * FROM TestingSet WHERE 1=0;"},
