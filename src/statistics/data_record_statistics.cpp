@@ -71,6 +71,12 @@ std::vector<double> ReadClasses(IConnection& connection, std::string_view table_
   return classes;
 }
 
+/// A class value as SQL writes it: an infinity has no digits, but one too many make it.
+std::string ClassText(double value) {
+  if (std::isfinite(value)) return NumberText(value);
+  return value > 0 ? "9e999" : "-9e999";
+}
+
 bool CalculateOneClass(IConnection& connection, const std::string& id, std::string_view table_name,
                        const std::string& condition, const std::string& class_text,
                        std::int32_t variables, std::int32_t records, IFeedback* feedback) {
@@ -108,7 +114,7 @@ bool CalculateClassStatistics(IConnection& connection, const std::string& id,
 
   connection.Execute(FillStatement(run_statement::kDeleteClassStatistics, {{"<SET_ID>", id}}));
   for (const double value : classes) {
-    const std::string class_text = NumberText(value);
+    const std::string class_text = ClassText(value);
     const std::string condition = FillStatement(
         run_statement::kClassCondition, {{"<RESPONSE>", response}, {"<CLASS>", class_text}});
     if (!CalculateOneClass(connection, id, table_name, condition, class_text, variables, records,
