@@ -2,6 +2,7 @@
 
 #include "contracts/event_args_objects.h"
 #include "datasetlite/data_set_lite.h"
+#include "inmemory/in_memory_set.h"
 #include "storage/run_tables.h"
 #include "tslm5/platform/object.h"
 
@@ -18,6 +19,7 @@ struct PublicClass {
 // One line a class: its identifier and the one function that makes its objects.
 constexpr PublicClass kClasses[] = {
     {class_id::kDataSetLite, MakeDataSetLite},
+    {class_id::kInMemorySet, MakeInMemorySet},
     {class_id::kParseEventArgs, [] { return Ref<IUnknown>(MakeParseEventArgs()); }},
     {class_id::kRecordParsedEventArgs, [] { return Ref<IUnknown>(MakeRecordParsedEventArgs()); }},
     {class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/collection.h"
 
@@ -26,6 +27,11 @@ class PropertyBag {
 
   void Clear() { properties_.Clear(); }
   std::size_t Count() const { return properties_.Count(); }
+
+  /// Keys and values in the order in which the keys were first written.
+  const std::vector<KeyedCollection<std::string>::Entry>& Entries() const {
+    return properties_.Entries();
+  }
 
  private:
   KeyedCollection<std::string> properties_;

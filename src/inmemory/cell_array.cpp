@@ -1,0 +1,47 @@
+#include "inmemory/cell_array.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace tslm5 {
+namespace {
+
+constexpr std::size_t kLargeBytes = std::size_t{8} << 20;
+
+/// Asks for large pages under a large block: the first touch of small ones costs a good part of a
+/// parse. Only a hint, and only for whole pages of the block.
+void AdviseLargePages(void* block, std::size_t bytes) {
+#ifdef MADV_HUGEPAGE
+  if (bytes < kLargeBytes) return;
+  const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+  const auto begin = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
+  const auto end = (reinterpret_cast<std::uintptr_t>(block) + bytes) / page * page;
+  ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#endif
+}
+
+double* AllocateCleared(std::size_t count) {
+  void* const block = std::calloc(count, sizeof(double));
+  if (block == nullptr) throw Error(error_number::kOutOfMemory, "", "Out of memory");
+  AdviseLargePages(block, count * sizeof(double));
+  return static_cast<double*>(block);
+}
+
+}  // namespace
+
+CellArray::CellArray(std::int32_t rows, std::int32_t columns) : rows_(rows), columns_(columns) {
+  if (const std::size_t count = RowOffset(rows); count != 0) cells_.reset(AllocateCleared(count));
+}
+
+CellArray::CellArray(const CellArray& other) : CellArray(other.rows_, other.columns_) {
+  if (cells_) std::copy_n(other.cells_.get(), RowOffset(rows_), cells_.get());
+}
+
+CellArray& CellArray::operator=(const CellArray& other) {
+  return *this = CellArray(other);
+}
+
+}  // namespace tslm5

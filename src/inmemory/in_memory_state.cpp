@@ -1,0 +1,68 @@
+#include "inmemory/in_memory_state.h"
+
+#include "tslm5/contracts/codes.h"
+
+namespace tslm5 {
+
+std::int32_t InMemoryState::Columns() {
+  if (column_count == -1 && data) column_count = data->Columns();
+  return column_count == -1 ? 0 : column_count;
+}
+
+double InMemoryState::Cell(std::int32_t row, std::int32_t column) const {
+  if (!data) RaiseSubscriptOutOfRange();
+  return data->Get(row, column);
+}
+
+void InMemoryState::SetType(std::int32_t type) {
+  data_set_type = type;
+  switch (type) {
+    case data_set_type::kTraining:
+      name = "Training";
+      break;
+    case data_set_type::kTesting:
+      name = "Testing";
+      break;
+    case data_set_type::kTimeSeriesTesting:
+      name = "Time Series";
+      break;
+    default:
+      break;
+  }
+}
+
+void InMemoryState::SetProperty(std::string_view key, std::string_view value) {
+  properties.Put(key, value);
+  is_dirty = true;
+}
+
+void InMemoryState::ResetProperties() {
+  properties.Clear();
+  is_dirty = true;
+}
+
+void InMemoryState::MakeDefaultLabels() {
+  labels.clear();
+  const std::int32_t columns = Columns();
+  for (std::int32_t column = 0; column < columns - 1; ++column) {
+    labels.push_back(independent_vars_prefix + std::to_string(column));
+  }
+  labels.push_back(columns == 1 ? "Time Series" : dependent_var_name);
+}
+
+void InMemoryState::Reset() {
+  labels.clear();
+  data.reset();
+  extra_set = CellArray();
+  ResetProperties();
+  iterator_position = -1;
+  has_labels = false;
+  separator = -1;
+  data_set_type = data_set_type::kUnknown;
+  is_dirty = false;
+  extra_set_exists = false;
+  name.clear();
+  is_ready = false;
+}
+
+}  // namespace tslm5

@@ -1,0 +1,194 @@
+#include "inmemory/text_parsing.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "contracts/event_args_objects.h"
+#include "inmemory/class_tracker.h"
+#include "inmemory/label_line.h"
+#include "inmemory/parse_errors.h"
+#include "inmemory/record_reader.h"
+#include "support/file_helpers.h"
+#include "support/locale.h"
+#include "support/separators.h"
+#include "support/shared_functions.h"
+#include "support/string_helpers.h"
+#include "support/text_cleanup.h"
+#include "support/text_split.h"
+#include "support/utf8.h"
+#include "tslm5/contracts/codes.h"
+#include "tslm5/platform/error.h"
+
+namespace tslm5 {
+namespace {
+
+/// Trims the blanks around a text in place.
+void Trim(std::string& text) {
+  const std::size_t end = text.find_last_not_of(' ');
+  text.resize(end == std::string::npos ? 0 : end + 1);
+  text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+}
+
+std::string_view WithoutEmptyLinesAtEnd(std::string_view text) {
+  while (text.ends_with('\n')) text.remove_suffix(1);
+  return text;
+}
+
+std::int32_t CountRows(std::string_view text) {
+  const std::size_t count = TextCleanup::CountLines(text);
+  if (count > std::size_t{std::numeric_limits<std::int32_t>::max()}) RaiseOverflow();
+  return static_cast<std::int32_t>(count);
+}
+
+/// No more rows than a text of this size can fill: one that promises more has a row that is too
+/// short, and will be refused there; its array need not be paid for.
+std::int32_t RowsToHold(std::int32_t rows, std::int32_t columns, std::size_t text_size) {
+  const std::size_t most = (text_size + 1) / (2 * static_cast<std::size_t>(columns)) + 1;
+  return static_cast<std::int32_t>(std::min(static_cast<std::size_t>(rows), most));
+}
+
+}  // namespace
+
+void TextParsing::Parse(std::string_view path, std::int32_t separator, bool has_labels,
+                        std::int32_t data_set_type, std::int32_t layout,
+                        IParseEventArgs* arguments) {
+  if (path.empty()) throw Error(error_number::kInvalidArgument);
+  if (!FileHelpers::FileExists(path)) throw Error(error_number::kFileMissing);
+  Ref<IParseEventArgs> own;
+  if (arguments == nullptr) {
+    own = MakeParseEventArgs();
+    own->put_Source(path);
+    own->put_ParseType(0);
+    arguments = own.get();
+  }
+  std::string text = SharedFunctions::ReadTextFile(path);
+  ParseString(text, separator, has_labels, data_set_type, layout, arguments);
+}
+
+void TextParsing::ParseString(std::string& text, std::int32_t separator, bool has_labels,
+                              std::int32_t data_set_type, std::int32_t layout,
+                              IParseEventArgs* arguments) {
+  const Ref<IDataSet> keep_alive(state_.sender);  // a handler may let go of the set
+  const Ref<IParseEventArgs> keep_arguments =
+      arguments == nullptr ? MakeParseEventArgs() : Ref<IParseEventArgs>(arguments);
+  state_.is_ready = false;
+  state_.has_labels = false;
+  state_.labels.clear();
+  state_.data.reset();
+  state_.replaced_missing_count = 0;
+  state_.SetType(data_set_type);
+  try {
+    TakeText(text, separator);
+    Run(text, has_labels, layout, *keep_arguments);
+  } catch (...) {
+    if (!state_.is_ready) state_.data.reset();  // never serve what is half filled
+    throw;
+  }
+}
+
+/// Checks the text and notes its separator.
+void TextParsing::TakeText(std::string& text, std::int32_t separator) {
+  if (separator == separator_code::kNone) SharedFunctions::StripSeparators(text);
+  Trim(text);
+  if (text.empty()) throw Error(error_number::kEmptyText);
+  if (!SharedFunctions::TextContainsSeparator(text, separator)) {
+    throw Error(error_number::kUnknownSeparator);
+  }
+  if (SharedFunctions::HasMixedSeparators(text, separator)) {
+    throw Error(error_number::kMixedSeparators);
+  }
+  separator_ = SharedFunctions::SeparatorToString(separator);
+  state_.separator = separator;
+  state_.SetProperty(property_key::kSeparator, separator_);
+}
+
+void TextParsing::TakeLabels(const std::string& text) {
+  state_.labels = LabelLine::Read(text, separator_);
+  if (!LabelLine::AreLabels(state_.labels, CurrentLocale().DecimalSymbol())) {
+    ParseErrors::RaiseColumnCount(1);
+  }
+  state_.has_labels = true;
+}
+
+void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
+                      IParseEventArgs& arguments) {
+  if (layout == layout_code::kRecordsInColumns) {
+    text = StringHelpers::RearrangeText(std::move(text), separator_, layout);
+  }
+  if (has_labels) TakeLabels(text);
+  SharedFunctions::MergeRepeats(separator_, text);
+  SharedFunctions::MergeRepeats("\n", text);
+  if (text.starts_with('\n')) text.erase(0, 1);
+  if (has_labels && text.find('\n') != std::string::npos) TextCleanup::DropFirstLine(text);
+
+  const std::string_view lines = WithoutEmptyLinesAtEnd(text);
+  if (lines.empty()) throw Error(error_number::kEmptyText);
+  const std::int32_t rows = CountRows(lines);
+  state_.column_count = SharedFunctions::CountColumns(lines, separator_);
+  if (!state_.has_labels) state_.MakeDefaultLabels();
+
+  arguments.put_Rows(rows);
+  arguments.put_Columns(state_.column_count);
+  state_.sinks.Fire([this, &arguments](IInMemorySetEvents& sink) {
+    sink.BeforeDataLoad(state_.sender, &arguments);
+  });
+  if (arguments.Cancel()) return state_.Reset();
+  if (!FillCells(lines, rows, arguments)) return;
+
+  state_.is_dirty = true;
+  arguments.put_Message("Data load succeded.");
+  arguments.put_Rows(rows);
+  state_.sinks.Fire([this, &arguments](IInMemorySetEvents& sink) {
+    sink.AfterDataLoad(state_.sender, &arguments);
+  });
+  state_.is_ready = true;
+}
+
+/// The fields of the first line, without the blanks around it.
+std::int32_t TextParsing::CountFirstFields(std::string_view text) const {
+  std::int32_t count = 0;
+  FieldCursor fields(Utf8::TrimBlanks(text.substr(0, text.find('\n'))), separator_);
+  for (std::string_view field; fields.Next(field);) ++count;
+  return count;
+}
+
+/// False when a handler stopped the parse.
+bool TextParsing::FillCells(std::string_view text, std::int32_t rows, IParseEventArgs& arguments) {
+  const std::int32_t columns = CountFirstFields(text);
+  if (static_cast<std::size_t>(columns) != state_.labels.size()) {
+    throw Error(error_number::kLabelCount);
+  }
+  // A blank after the first line is counted as a column, but holds no field.
+  if (columns != state_.column_count) ParseErrors::RaiseColumnCount(1);
+  cells_ = std::make_shared<CellArray>(RowsToHold(rows, columns, text.size()), columns);
+  state_.data = cells_;
+
+  const Ref<IRecordParsedEventArgs> record = MakeRecordParsedEventArgs();
+  record->put_Columns(arguments.Columns());
+  ClassTracker classes(state_.problem_category);
+  RecordReader reader(text, separator_, columns, CurrentLocale().DecimalSymbol());
+  for (std::int32_t row = 0; row < rows; ++row) {
+    classes.Note(reader.Next(cells_->Row(row)));
+    if (state_.sinks.HasSinks() && !TellOfRecord(*record, row, arguments)) return false;
+  }
+  classes.RequireSeveral();
+  return true;
+}
+
+/// False when a handler stopped the parse, or gave the set other data or none.
+bool TextParsing::TellOfRecord(IRecordParsedEventArgs& record, std::int32_t row,
+                               IParseEventArgs& arguments) {
+  record.put_Current(row);
+  state_.sinks.Fire([&record](IInMemorySetEvents& sink) { sink.RecordParsed(&record); });
+  if (state_.data != cells_) return false;
+  if (!record.Cancel() && record.Error() < 1) return true;
+  state_.Reset();
+  if (record.Error() > 0) throw Error(record.Error());
+  state_.sinks.Fire([this, &arguments](IInMemorySetEvents& sink) {
+    sink.DataLoadCancelled(state_.sender, &arguments);
+  });
+  return false;
+}
+
+}  // namespace tslm5
