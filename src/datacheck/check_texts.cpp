@@ -25,7 +25,8 @@ std::string Filled(std::string_view text, std::string_view mark, std::int64_t nu
 
 std::string Grouped(std::int64_t number) {
   std::string text = std::to_string(number);
-  for (auto place = static_cast<std::ptrdiff_t>(text.size()) - 3; place > 0; place -= 3) {
+  const std::ptrdiff_t first_digit = number < 0 ? 1 : 0;
+  for (auto place = static_cast<std::ptrdiff_t>(text.size()) - 3; place > first_digit; place -= 3) {
     text.insert(static_cast<std::size_t>(place), 1, ',');
   }
   return text;

@@ -52,6 +52,17 @@ class DataCheckCases : public testing::TestWithParam<std::string> {
            });
   }
 
+  void ExpectWithNobodyListening(CheckCase expected, const std::string* bytes) {
+    std::erase_if(expected.events, [](const auto& event) { return event.name == "LoadFeedback"; });
+    Expect(expected, bytes,
+           [&expected](const std::string& path, CheckEvents& events, std::int32_t separator,
+                       std::string& message) {
+             events.is_listening = false;
+             return CheckDataFile(path, expected.has_labels, separator, expected.rules, events,
+                                  message);
+           });
+  }
+
   void ExpectOfADataSetLite(const CheckCase& expected, const std::string* bytes) {
     Expect(expected, bytes,
            [&expected](const std::string& path, CheckEvents& events, std::int32_t& separator,
@@ -79,6 +90,10 @@ TEST_P(DataCheckCases, GivesTheResultMessageEventsAndPosition) {
     SCOPED_TRACE("with carriage returns");
     const std::string crlf = WithCrlf(*bytes);
     ExpectOfTheCheck(expected, &crlf);
+  }
+  if (expected.cancel_at.empty()) {
+    SCOPED_TRACE("with nobody listening");
+    ExpectWithNobodyListening(expected, bytes);
   }
   if (expected.has_usual_limits) {
     SCOPED_TRACE("through a DataSetLite");
