@@ -4,6 +4,7 @@
 
 #include "datacheck/data_check.h"
 #include "datacheck/invalid_position.h"
+#include "datasetlite/data_set_loading.h"
 #include "datasetlite/file_loading.h"
 #include "datasetlite/record_access.h"
 #include "datasetlite/run_labels.h"
@@ -100,6 +101,10 @@ void DataSetFacet::ParseString(std::string&, std::int32_t, bool, std::int32_t, s
 
 void DataSetFacet::Replace(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels) {
   FileLoading(state_).Replace(pFileName, pSeparator, pHasLabels);
+}
+
+bool DataSetFacet::SetData(IUnknown* pSource, std::int32_t pDataSetType) {
+  return DataSetLoading(state_).SetData(pSource, pDataSetType);
 }
 
 bool DataSetFacet::IsValidDataSet(std::string_view pDataFilePath, bool pHasLabels,

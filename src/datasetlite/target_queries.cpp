@@ -116,8 +116,5 @@ void DataSetFacet::GetAverageModel(VariantArray& pResult) {
 bool DataSetFacet::FormatDataAs(std::int32_t) {
   RaiseNotImplemented("FormatDataAs");
 }
-bool DataSetFacet::SetData(IUnknown*, std::int32_t) {
-  RaiseNotImplemented("SetData");
-}
 
 }  // namespace tslm5
