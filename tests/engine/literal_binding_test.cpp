@@ -161,14 +161,15 @@ TEST(LiteralBindingRandom, FollowsEveryDeclaredType) {
       connection->Execute(sql);
       alone.Run(sql);
     }
-    for (const char* value : {"'1.50'", "'5'", "'5.0'", "' 7 '", "'word'", "'-0'", "-0.0", "12",
-                              "2.5", "-2.50e2", "NULL", "''", "'1e3'", "1e3", "'it''s'"}) {
+    for (const char* value :
+         {"'1.50'", "'5'", "'5.0'", "'9007199254740993'", "' 7 '", "'word'", "'-0'", "-0.0", "12",
+          "2.5", "-2.50e2", "NULL", "''", "'1e3'", "1e3", "'it''s'"}) {
       const std::string sql = "INSERT INTO t VALUES (" + std::string(value) + ")";
       connection->Execute(sql);
       alone.Run(sql);
     }
     connection->CommitTrans();
-    EXPECT_EQ(alone.Records("SELECT a FROM t").size(), 15u);
+    EXPECT_EQ(alone.Records("SELECT a FROM t").size(), 16u);
     EXPECT_EQ(stored.Records("SELECT a FROM t"), alone.Records("SELECT a FROM t")) << type;
   }
 }

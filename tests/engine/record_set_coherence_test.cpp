@@ -64,6 +64,21 @@ TEST_F(RecordSetCoherence, KeepsItsPositionByRecordNumber) {
   EXPECT_EQ(records_->GetField(0), Variant(9.0));
 }
 
+TEST_F(RecordSetCoherence, LooksForItsBlocksAnew) {
+  Execute("DELETE FROM t");
+  Execute(
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 40000)"
+      " INSERT INTO t SELECT i, i * 3 FROM n");
+  double number = 0.0;
+  ASSERT_TRUE(records_->ReadNumber(40000, 0, &number));
+  EXPECT_EQ(number, 40000.0);
+  Execute("DELETE FROM t WHERE d0 <= 1000");
+  for (const int record : {39000, 1, 20000}) {
+    ASSERT_TRUE(records_->ReadNumber(record, 0, &number));
+    EXPECT_EQ(number, record + 1000.0);
+  }
+}
+
 TEST_F(RecordSetCoherence, SeesWhatIsPendingInAnotherRecordSet) {
   const auto writer = Open("SELECT * FROM t");
   for (const double value : {7.0, 8.0}) {
@@ -170,6 +185,21 @@ TEST_F(RecordSetCoherence, SeesWhatTheDatabaseRollsBackByItself) {
     EXPECT_EQ(First(), 1.0) << sql;
     connection_->RollbackTrans();
   }
+}
+
+TEST_F(RecordSetCoherence, SeesWhatAWriteOfARecordSetRollsBack) {
+  Execute("CREATE TABLE u (a FLOAT)");
+  Execute("INSERT INTO u VALUES (1)");
+  Execute("CREATE TRIGGER g BEFORE UPDATE ON u BEGIN SELECT RAISE(ROLLBACK, 'never'); END");
+  connection_->BeginTrans();
+  Execute("UPDATE t SET d0 = 100");
+  const auto other = Open("SELECT * FROM u");
+  EXPECT_EQ(First(), 100.0);
+  other->SetField(0, 2.0);
+  EXPECT_EQ(RaisedNumber([&] { other->Update(); }), 1811);
+  connection_->RollbackTrans();
+  EXPECT_EQ(First(), 1.0);
+  EXPECT_EQ(Number(other), 1.0);
 }
 
 TEST_F(RecordSetCoherence, SeesWhatAFailedStatementLeftBehind) {

@@ -110,6 +110,19 @@ TEST_F(RecordSetWrites, FollowTheKindOfTheColumn) {
   EXPECT_EQ(records->GetField(2), Variant(8));
 }
 
+TEST_F(RecordSetWrites, ShowInPlaceOfWhatTheCellHeld) {
+  Execute("CREATE TABLE k (x)");
+  Execute("INSERT INTO k VALUES (1), ('word'), (2.5), (NULL)");
+  const auto records = connection_->OpenRecordSet("SELECT * FROM k");
+  for (const Variant& value : {Variant(8.5), Variant(Null{}), Variant(-1.0)}) {
+    for (int record = 1; record <= 4; ++record) {
+      records->MoveTo(record, 0);
+      records->SetField(0, value);
+      EXPECT_EQ(records->GetField(0), value) << record;
+    }
+  }
+}
+
 TEST_F(RecordSetWrites, RefuseTheKeyAndWhatIsNoTable) {
   const Error error = Raised([&] { Set(1, 3, 8.0); });
   EXPECT_EQ(error.Number(), error_number::kInvalidCall);

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <thread>
+
 #include "engine/engine_fixture.h"
 
 namespace tslm5 {
@@ -18,12 +21,13 @@ class RunConnectionTest : public EngineTest {
 };
 
 TEST_F(RunConnectionTest, RunsOneStatementWithWhateverIsNoStatementAfterIt) {
-  for (const char* after : {"", ";", " ; ", ";\n\t\r\f", " -- done", "; -- done; DELETE FROM t",
-                            ";/* done; */ ", "; /* never ended", "; -- a\n-- b\n/**/"}) {
+  for (const char* after :
+       {"", ";", " ; ", ";\n\t\r\f", " -- done", "; -- done; DELETE FROM t", ";/* done; */ ",
+        "; /* never ended", "; /*/ DELETE */", "; -- a\n-- b\n/**/"}) {
     const std::string sql = "UPDATE t SET a = a + 1" + std::string(after);
     EXPECT_EQ(RaisedNumber([&] { Execute(sql); }), 0) << sql;
   }
-  EXPECT_EQ(Listed("SELECT a FROM t"), "10.5");
+  EXPECT_EQ(Listed("SELECT a FROM t"), "11.5");
 }
 
 TEST_F(RunConnectionTest, RefusesASecondStatementAndRunsNeither) {
@@ -182,6 +186,20 @@ TEST_F(BusyRun, RaisesBusyWhenAnotherConnectionHoldsTheLock) {
   connection_->CommitTrans();
   second->Execute("INSERT INTO t VALUES (1)");
   EXPECT_EQ(Listed("SELECT a FROM t"), "1");
+}
+
+TEST_F(BusyRun, WaitsForTheLockAsLongAsAllowed) {
+  Execute("CREATE TABLE t (a FLOAT)");
+  RunOptions options;
+  options.busy_timeout_ms = 60000;
+  const Ref<IConnection> patient = ConnectionOf(OpenRun(path_, options));
+  connection_->BeginTrans();
+  std::thread holder([this] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    connection_->CommitTrans();
+  });
+  EXPECT_EQ(RaisedNumber([&] { patient->Execute("INSERT INTO t VALUES (1)"); }), 0);
+  holder.join();
 }
 
 TEST_F(BusyRun, TableExistsDoesNotRaiseOnALockedRun) {
