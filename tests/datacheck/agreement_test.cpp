@@ -1,0 +1,157 @@
+// What the check passes, the load stores as exactly those numbers; what it refuses, it refuses in
+// the same words whatever the line ends are.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "datacheck/check_case.h"
+#include "datacheck/random_file.h"
+#include "datasetlite/data_set_lite.h"
+#include "platform/raised.h"
+#include "storage/run_tables.h"
+#include "storage/test_run.h"
+#include "support/locale.h"
+#include "support/temporary_folder.h"
+#include "tslm5/contracts/codes.h"
+
+namespace tslm5 {
+namespace {
+
+constexpr int kFiles = 500;
+
+using Cells = std::vector<std::vector<double>>;
+
+double PlainNumber(std::string text, char decimal) {
+  std::replace(text.begin(), text.end(), decimal, '.');
+  const char* first = text.data() + (text.starts_with('+') ? 1 : 0);
+  double value = 0;
+  const auto [end, code] = std::from_chars(first, text.data() + text.size(), value);
+  EXPECT_TRUE(code == std::errc{} && end == text.data() + text.size()) << "no number: " << text;
+  return value;
+}
+
+/// The numbers of a file's lines: what stands between separators and blanks, without stray tabs and
+/// semicolons.
+Cells PlainCells(const RandomFile& file, char decimal) {
+  const char separator = file.separator < 0 ? ' ' : " \t,;|"[file.separator];
+  Cells cells(1);
+  std::string value;
+  bool is_label = file.has_labels;
+  for (const char c : file.text + "\n") {
+    if (c == '\n' || c == separator || c == ' ') {
+      if (!value.empty() && !is_label) cells.back().push_back(PlainNumber(value, decimal));
+      value.clear();
+      if (c == '\n') is_label = false;
+      if (c == '\n' && !cells.back().empty()) cells.emplace_back();
+    } else if (c != '\t' && c != ';') {
+      value += c;
+    }
+  }
+  cells.pop_back();
+  return cells;
+}
+
+class CheckAndLoad : public testing::TestWithParam<const char*> {
+ protected:
+  CheckAndLoad() {
+    CreateRunTables(*run_.Connection());
+    set_.As<IConstructor>()->Init(
+        VariantArray({Variant(run_.Service()), Variant(data_set_type::kTraining)}));
+  }
+
+  char Decimal() const { return locale_.DecimalSymbol(); }
+
+  /// Whether the check passes the file; with either line end it says the same.
+  bool Passes(const RandomFile& file) {
+    std::string messages[2];
+    bool results[2];
+    for (const bool crlf : {false, true}) {
+      std::int32_t separator = file.separator;
+      const std::string path = Write(file, crlf);
+      results[crlf] = data_set_->IsValidDataSet(path, file.has_labels, separator, messages[crlf]);
+    }
+    EXPECT_EQ(results[0], results[1]);
+    EXPECT_EQ(messages[0], messages[1]);
+    return results[0];
+  }
+
+  void Load(const RandomFile& file, bool crlf) {
+    data_set_->Parse(Write(file, crlf), file.separator, file.has_labels, data_set_type::kTraining,
+                     layout_code::kRecordsInRows);
+  }
+
+  Cells StoredCells() {
+    Cells cells(static_cast<std::size_t>(data_set_->Rows()));
+    for (std::size_t row = 0; row < cells.size(); ++row) {
+      for (std::int32_t column = 0; column < data_set_->Columns(); ++column) {
+        cells[row].push_back(data_set_->GetItem(column, static_cast<std::int32_t>(row)));
+      }
+    }
+    return cells;
+  }
+
+  /// Holds check and load to each other over random files; how many of them were loaded.
+  int ExpectAgreement(const FileTraits& traits, bool may_load_refuse = false) {
+    RandomFiles files(20240302, Decimal(), traits);
+    int loaded = 0;
+    for (int i = 0; i < kFiles && !HasFailure(); ++i) {
+      const RandomFile file = files.Next();
+      SCOPED_TRACE("separator " + std::to_string(file.separator) +
+                   (file.has_labels ? " with labels [" : " [") + file.text + "]");
+      if (!Passes(file)) continue;
+      const Error error = Raised([&] { Load(file, i % 2 == 0); });
+      if (may_load_refuse && error.Number() != 0) continue;
+      EXPECT_EQ(error.Number(), 0) << error.Description();
+      EXPECT_EQ(StoredCells(), PlainCells(file, Decimal()));
+      ++loaded;
+    }
+    return loaded;
+  }
+
+ private:
+  std::string Write(const RandomFile& file, bool crlf) const {
+    std::filesystem::remove(folder_.PathOf("data.txt"));  // some file systems flush what is cut
+    return folder_.Write("data.txt", crlf ? WithCrlf(file.text) : file.text);
+  }
+
+  const ScopedLocale scope_{GetParam()};
+  const Locale locale_{GetParam()};
+  TemporaryFolder folder_;
+  TestRun run_;
+  Ref<IUnknown> set_ = MakeDataSetLite();
+  Ref<IDataSet> data_set_ = set_.As<IDataSet>();
+};
+
+TEST_P(CheckAndLoad, AgreeOnEveryNumber) {
+  const int loaded = ExpectAgreement({});
+  EXPECT_GT(loaded, kFiles / 2);
+  EXPECT_LT(loaded, kFiles * 9 / 10);
+}
+
+// A doubled separator is one to the check and an empty value to the load, which then has a value
+// too many in that row and takes nothing of the file.
+TEST_P(CheckAndLoad, StoreTheSameOrNothingOfDoubledSeparators) {
+  const int loaded = ExpectAgreement({.doubled_separators = true}, true);
+  EXPECT_GT(loaded, kFiles / 4);
+  EXPECT_LT(loaded, kFiles * 9 / 10);
+}
+
+// Disabled: the load takes a blank beside another separator for an empty value, so that "1, 2" is
+// stored as three columns, while the check counts two.
+TEST_P(CheckAndLoad, DISABLED_AgreeOnBlanksBesideSeparators) {
+  EXPECT_GT(ExpectAgreement({.blanks_beside_separators = true}), kFiles / 10);
+}
+
+INSTANTIATE_TEST_SUITE_P(, CheckAndLoad, testing::Values("en_US", "de_DE"),
+                         [](const auto& one) { return std::string(one.param); });
+
+}  // namespace
+}  // namespace tslm5
