@@ -2,6 +2,8 @@
 // statistics and target queries are in target_queries.cpp.
 #include "datasetlite/data_set_facet.h"
 
+#include <algorithm>
+
 #include "datacheck/data_check.h"
 #include "datacheck/invalid_position.h"
 #include "datasetlite/data_set_loading.h"
@@ -42,7 +44,7 @@ std::int32_t DataSetFacet::Columns() {
 
 std::int32_t DataSetFacet::TerminalCount() {
   try {
-    return state_.table ? RecordAccess::Columns(state_) - 1 : 0;
+    return std::max(RecordAccess::Columns(state_) - 1, 0);
   } catch (const Error&) {
     return 0;
   }

@@ -23,7 +23,7 @@ void VectorizeColumn(TableLite* table, std::int32_t column, VariantArray& array,
     throw Error(error_number::kColumnBelowZero, source, "Column Index is less than zero.");
   }
   const auto last = static_cast<std::int32_t>(std::min<std::int64_t>(end, rows));
-  for (std::int32_t row = start; row < last; ++row) {
+  for (std::int32_t row = std::max(start, 0); row < last; ++row) {  // none without a table
     double value = 0.0;
     if (table->GetValue(column, row, value) && !std::isnan(value)) array[row] = value;
   }

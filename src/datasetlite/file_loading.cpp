@@ -37,10 +37,11 @@ Ref<IParseEventArgs> MakeArguments(std::string_view file_name) {
 /// The text of a file that is there; what is no file raises 53 or 75 in words of its own.
 std::string ReadFile(std::string_view file_name) {
   const std::string path(file_name);
+  const bool can_be_a_name = path.find('\0') == std::string::npos;
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0) {
+  if (!can_be_a_name || stat(path.c_str(), &status) != 0) {
     const int reason = errno;
-    const bool absent = reason == ENOENT || reason == ENOTDIR;
+    const bool absent = !can_be_a_name || reason == ENOENT || reason == ENOTDIR;
     throw Error(absent ? error_number::kFileNotFound : error_number::kFileAccess, "Parse",
                 "The file " + path +
                     (absent ? " was not found."
@@ -71,7 +72,8 @@ std::string_view WithoutEmptyRowsAtEnd(std::string_view text) {
   return text;
 }
 
-/// Gives a set back what a load may have changed besides its rows, unless the load was kept.
+/// Gives a set back what a load may have changed besides its rows, unless the load was kept. An end
+/// that handlers hear of comes after `Restore`: they may use the set, or load it anew.
 class SettingsGuard {
  public:
   explicit SettingsGuard(DataSetLiteState& state)
@@ -84,8 +86,11 @@ class SettingsGuard {
         label_line_(state.label_line) {}
   SettingsGuard(const SettingsGuard&) = delete;
   SettingsGuard& operator=(const SettingsGuard&) = delete;
-  ~SettingsGuard() {
-    if (kept_) return;
+  ~SettingsGuard() { Restore(); }
+
+  void Keep() { kept_ = true; }
+  void Restore() {
+    if (std::exchange(kept_, true)) return;
     state_.data_set_type = data_set_type_;
     state_.separator = separator_;
     state_.properties = std::move(properties_);
@@ -93,7 +98,6 @@ class SettingsGuard {
     state_.labels = std::move(labels_);
     state_.label_line = std::move(label_line_);
   }
-  void Keep() { kept_ = true; }
 
  private:
   DataSetLiteState& state_;
@@ -112,7 +116,7 @@ void FileLoading::Parse(std::string_view file_name, std::int32_t separator, bool
                         std::int32_t data_set_type, std::int32_t layout) {
   const Ref<IDataSet> keep_alive(state_.sender);  // a handler may let go of the set
   static constexpr Kind kParse = {"Data load succeded.", "Data load failed.", true};
-  Load(kParse, data_set_type, separator, has_labels, layout, *MakeArguments(file_name));
+  Load(kParse, file_name, data_set_type, separator, has_labels, layout, *MakeArguments(file_name));
 }
 
 void FileLoading::Replace(std::string_view file_name, std::int32_t separator, bool has_labels) {
@@ -123,15 +127,15 @@ void FileLoading::Replace(std::string_view file_name, std::int32_t separator, bo
     sink.BeforeDataLoad(state_.sender, arguments.get());
   });
   if (arguments->Cancel()) return;
-  Load(kReplace, state_.data_set_type, separator, has_labels, layout_code::kRecordsInRows,
-       *arguments);
+  Load(kReplace, file_name, state_.data_set_type, separator, has_labels,
+       layout_code::kRecordsInRows, *arguments);
 }
 
-void FileLoading::Load(const Kind& kind, std::int32_t data_set_type, std::int32_t separator,
-                       bool has_labels, std::int32_t layout, IParseEventArgs& arguments) {
+void FileLoading::Load(const Kind& kind, std::string_view file_name, std::int32_t data_set_type,
+                       std::int32_t separator, bool has_labels, std::int32_t layout,
+                       IParseEventArgs& arguments) {
   SettingsGuard settings(state_);
   state_.has_labels = false;
-  const std::string file_name = arguments.Source();
   if (file_name.empty()) {
     settings.Keep();
     throw Error(error_number::kInvalidArgument);
@@ -142,12 +146,14 @@ void FileLoading::Load(const Kind& kind, std::int32_t data_set_type, std::int32_
     SetSeparator(separator);
     const Rows rows = Prepare(ReadFile(file_name), has_labels, layout);
     SetLabels(rows, kind.tests_labels);
-    outcome = LoadRows(rows, arguments);
+    outcome = LoadRows(rows, file_name, arguments);
   } catch (...) {
+    settings.Restore();
     Finish(arguments, kind.failed);
     throw;
   }
   if (outcome == Outcome::kLoaded || outcome == Outcome::kEmptied) settings.Keep();
+  settings.Restore();
   if (outcome == Outcome::kUndone || outcome == Outcome::kEmptied) {
     return Finish(arguments, kind.failed);
   }
@@ -168,6 +174,10 @@ FileLoading::Rows FileLoading::Prepare(std::string text, bool has_labels,
   Rows rows;
   if (has_labels) rows.label_row = text.substr(0, text.find('\n'));  // before any re-arrangement
   if (layout == layout_code::kRecordsInColumns) {
+    if (separator.empty()) {
+      throw Error(error_number::kInvalidArgument, "Parse",
+                  "Text without a separator cannot be transposed: its lines would run together.");
+    }
     text = StringHelpers::RearrangeText(std::move(text), separator, layout);
   }
   if (separator != kBlank) TextCleanup::ReplaceSeparator(text, separator);
@@ -182,6 +192,10 @@ FileLoading::Rows FileLoading::Prepare(std::string text, bool has_labels,
 
 void FileLoading::SetLabels(const Rows& rows, bool test_labels) {
   std::vector<std::string> labels;
+  if (rows.label_row.find('\0') != std::string::npos) {
+    throw Error(error_number::kInvalidData, "Parse",
+                "The labels row holds a NUL character, which a run does not take.");
+  }
   if (!rows.label_row.empty()) {
     labels = SplitLabelRow(rows.label_row, SharedFunctions::SeparatorToString(state_.separator),
                            rows.columns);
@@ -191,7 +205,8 @@ void FileLoading::SetLabels(const Rows& rows, bool test_labels) {
   state_.labels = state_.has_labels ? std::move(labels) : std::vector<std::string>();
 }
 
-FileLoading::Outcome FileLoading::LoadRows(const Rows& rows, IParseEventArgs& arguments) {
+FileLoading::Outcome FileLoading::LoadRows(const Rows& rows, std::string_view file_name,
+                                           IParseEventArgs& arguments) {
   arguments.put_Rows(static_cast<std::int32_t>(TextCleanup::CountLines(rows.text)));
   arguments.put_Columns(rows.columns);
   state_.sinks.Fire([this, &arguments](IDataSetLiteEvents& sink) {
@@ -202,14 +217,19 @@ FileLoading::Outcome FileLoading::LoadRows(const Rows& rows, IParseEventArgs& ar
   const std::string_view records = WithoutEmptyRowsAtEnd(rows.text);
   if (records.empty()) {
     throw Error(error_number::kInvalidData, "Parse",
-                "The file " + arguments.Source() + " holds no records.");
+                "The file " + std::string(file_name) + " holds no records.");
   }
   return Fill(records, rows.columns);
 }
 
 FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t columns) {
   const Ref<IConnection> connection = ConnectionOf(state_);
-  const bool had_table = connection->TableExists(TableName(state_.data_set_type));
+  const std::string_view name = TableName(state_.data_set_type);
+  if (name.empty()) {
+    throw Error(error_number::kInvalidArgument, "Parse",
+                "Sets of type " + std::to_string(state_.data_set_type) + " have no table.");
+  }
+  const bool had_table = connection->TableExists(name);
   const Ref<TableLite> table = MakeObject<TableLite>();
   table->Init2(state_.run.get());
 
@@ -232,7 +252,7 @@ FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t colum
 
 void FileLoading::Finish(IParseEventArgs& arguments, std::string_view message) {
   arguments.put_Message(message);
-  arguments.put_Rows(state_.Rows());
+  arguments.put_Rows(state_.sender->Rows());  // which never raises
   state_.sinks.Fire([this, &arguments](IDataSetLiteEvents& sink) {
     sink.AfterDataLoad(state_.sender, &arguments);
   });

@@ -12,7 +12,7 @@ namespace tslm5 {
 
 /// Fills a `DataSetLite` from a delimited text file: `IDataSet::Parse` and `IDataSet::Replace`.
 /// The whole of a load is one transaction. On an error the set serves what it served before, with
-/// its labels, and the error passes on after `AfterDataLoad`.
+/// its labels, already when `AfterDataLoad` is raised, and the error passes on after that.
 class FileLoading {
  public:
   explicit FileLoading(DataSetLiteState& state) : state_(state) {}
@@ -46,11 +46,12 @@ class FileLoading {
   void SetSeparator(std::int32_t separator);
   Rows Prepare(std::string text, bool has_labels, std::int32_t layout) const;
   void SetLabels(const Rows& rows, bool test_labels);
-  Outcome LoadRows(const Rows& rows, IParseEventArgs& arguments);
+  Outcome LoadRows(const Rows& rows, std::string_view file_name, IParseEventArgs& arguments);
   Outcome Fill(std::string_view rows, std::int32_t columns);
   void Finish(IParseEventArgs& arguments, std::string_view message);
-  void Load(const Kind& kind, std::int32_t data_set_type, std::int32_t separator, bool has_labels,
-            std::int32_t layout, IParseEventArgs& arguments);
+  void Load(const Kind& kind, std::string_view file_name, std::int32_t data_set_type,
+            std::int32_t separator, bool has_labels, std::int32_t layout,
+            IParseEventArgs& arguments);
 
   DataSetLiteState& state_;
 };

@@ -59,9 +59,10 @@ std::string ItemText(DataSetLiteState& state, std::int32_t column, std::int32_t 
 }
 
 std::int32_t OriginalIndex(DataSetLiteState& state, std::int32_t row) {
-  if (state.cached_columns == -1) Columns(state);
+  // Asked anew each time: another set of the run may have made the table with other columns.
+  const std::int32_t key_column = Columns(state);
   double key = 0.0;
-  if (!state.table || !state.table->GetValue(state.cached_columns, row, key)) {
+  if (!state.table || !state.table->GetValue(key_column, row, key)) {
     throw Error(error_number::kInvalidData, "GetRowNumber", "Invalid Row");
   }
   return Variant(key).ToInteger();

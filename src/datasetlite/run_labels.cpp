@@ -29,7 +29,7 @@ std::vector<std::string> ReadOriginalLabels(IConnection& connection) {
   labels.reserve(static_cast<std::size_t>(ReadCount(connection, run_statement::kCountColumns)));
   const Ref<IDataReader> reader = connection.ExecuteReader(run_statement::kSelectColumns);
   const std::int32_t field = FieldIndex(*reader, kLabelField);
-  while (reader->Read()) labels.push_back(reader->GetString(field));
+  while (reader->Read()) labels.push_back(PlainLabel(reader->GetString(field)));
   return labels;
 }
 
