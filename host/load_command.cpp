@@ -1,12 +1,16 @@
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "host/cell_survey.h"
+#include "host/check_report.h"
 #include "host/commands.h"
 #include "host/delimited_text.h"
 #include "host/failure.h"
+#include "host/file_check.h"
 #include "host/load_report.h"
+#include "host/problem_list.h"
 #include "host/shown_text.h"
 #include "host/store_set.h"
 #include "host/terminal.h"
@@ -40,6 +44,23 @@ DelimitedText ReadDelimited(const LoadOptions& options, SeparatorChoice& choice,
   return delimited;
 }
 
+/// Refuses a file that the data check refuses, in its words. One whose records are its columns is
+/// looked at by the survey alone: the check knows records in lines.
+void RequireValid(const LoadOptions& options, const DelimitedText& text, bool comma_is_decimal) {
+  if (!options.checks || text.is_transposed) return;
+  CheckRequest request;
+  request.file = options.file;
+  request.separator = text.separator;
+  request.has_labels = options.has_labels;
+  request.lines = std::count(text.text.begin(), text.text.end(), '\n');
+  const CheckAnswer answer = CheckFile(request);
+  if (answer.is_valid) return;
+  const ProblemList problems = FindAnsweredProblem(text, request, answer, comma_is_decimal);
+  throw Failure(ExitCode::kRefused,
+                PlaceOf(problems.first.front()) + Escaped(OneLine(answer.message)) +
+                    " (tslm5 check --all tells every problem; --no-check loads without the check)");
+}
+
 void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
                  const CellSurvey& survey, StoredSet& stored) {
   if (options.has_labels && !stored.has_labels) {
@@ -65,6 +86,7 @@ void RunLoad(const LoadOptions& options, Output& output) {
   const bool comma_is_decimal = UserHasDecimalComma();
   SeparatorChoice choice;
   const DelimitedText text = ReadDelimited(options, choice, comma_is_decimal);
+  RequireValid(options, text, comma_is_decimal);
   const CellSurvey survey = SurveyCells(text, comma_is_decimal);
   StoredSet stored = StoreSet(options, text, survey);
   AddWarnings(options, choice, survey, stored);

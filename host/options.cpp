@@ -13,6 +13,7 @@ namespace {
 
 constexpr const char* kExamples =
     "Examples:\n"
+    "  tslm5 check prices.csv\n"
     "  tslm5 load prices.csv --run prices.db\n"
     "  tslm5 info prices.db\n"
     "  tslm5 show prices.db --rows 1:5\n"
@@ -28,6 +29,14 @@ constexpr const char* kLoadExamples =
     "\n"
     "One record a line; the last column is the response. A file that cannot be loaded leaves the\n"
     "run as it was.\n";
+
+constexpr const char* kCheckExamples =
+    "Examples:\n"
+    "  tslm5 check measurements.csv\n"
+    "  tslm5 check measurements.csv --all --max 100\n"
+    "  tslm5 check answers.csv --separator semicolon --problem classification --json\n"
+    "\n"
+    "Exit codes: 0 the file is valid, 1 it has problems, 2 wrong usage, 3 file trouble.\n";
 
 constexpr const char* kInfoExamples =
     "Examples:\n"
@@ -52,9 +61,51 @@ struct Words {
   std::string rows;
   std::vector<std::string> columns;
   std::string format;
+  std::string problem = "regression";
+  std::size_t most_problems = 20;
   bool no_labels = false;
+  bool no_check = false;
+  bool all = false;
   bool json = false;
 };
+
+constexpr const char* kProblems[] = {"regression", "classification", "timeseries", "binary"};
+
+std::int32_t ProblemCategory(const std::string& name) {
+  if (name == "classification") return problem_category::kClassification;
+  if (name == "timeseries") return problem_category::kTimeSeries;
+  if (name == "binary") return problem_category::kBinary;
+  return problem_category::kRegression;
+}
+
+void AddSeparator(CLI::App& command, Words& words) {
+  command
+      .add_option("--separator", words.separator,
+                  "what stands between fields (default auto: found out)")
+      ->check(CLI::IsMember({"auto", "none", "space", "tab", "comma", "semicolon", "bar"}))
+      ->type_name("NAME");
+}
+
+void AddCheck(CLI::App& app, Words& words) {
+  CLI::App* check = app.add_subcommand("check", "Check a delimited text file before it is loaded");
+  check->add_option("FILE", words.file, "the text file")->required();
+  AddSeparator(*check, words);
+  check->add_flag("--no-labels", words.no_labels, "the first line is a record, not the labels");
+  check
+      ->add_option(
+          "--problem", words.problem,
+          "what the data are for (default regression); a classified response must be there "
+          "in every record")
+      ->check(CLI::IsMember(std::vector<std::string>(std::begin(kProblems), std::end(kProblems))))
+      ->type_name("NAME");
+  CLI::Option* all = check->add_flag("--all", words.all, "every problem, not the first alone");
+  check->add_option("--max", words.most_problems, "how many problems to show (default 20)")
+      ->check(CLI::NonNegativeNumber)
+      ->needs(all)
+      ->type_name("N");
+  check->add_flag("--json", words.json, "print one JSON object");
+  check->footer(kCheckExamples);
+}
 
 void AddLoad(CLI::App& app, Words& words) {
   CLI::App* load = app.add_subcommand("load", "Load a delimited text file into a run");
@@ -65,14 +116,12 @@ void AddLoad(CLI::App& app, Words& words) {
   load->add_option("--set", words.set, "the set to fill (default training)")
       ->check(CLI::IsMember({"training", "testing"}))
       ->type_name("SET");
-  load->add_option("--separator", words.separator,
-                   "what stands between fields (default auto: found out)")
-      ->check(CLI::IsMember({"auto", "none", "space", "tab", "comma", "semicolon", "bar"}))
-      ->type_name("NAME");
+  AddSeparator(*load, words);
   load->add_flag("--no-labels", words.no_labels, "the first line is a record, not the labels");
   load->add_option("--layout", words.layout, "what a line holds (default rows: a record)")
       ->check(CLI::IsMember({"rows", "columns"}))
       ->type_name("NAME");
+  load->add_flag("--no-check", words.no_check, "load without the data check");
   load->add_flag("--json", words.json, "print one JSON object");
   load->footer(kLoadExamples);
 }
@@ -119,11 +168,24 @@ LoadOptions MakeLoad(const Words& words) {
   options.separator = FindSeparator(words.separator);
   options.has_labels = !words.no_labels;
   options.json = words.json;
+  options.checks = !words.no_check;
   if (words.layout == "columns") options.layout = layout_code::kRecordsInColumns;
   if (options.layout == layout_code::kRecordsInColumns && options.separator != nullptr &&
       options.separator->code == separator_code::kNone) {
     throw Failure(ExitCode::kUsage, "--layout columns needs a separator between the records");
   }
+  return options;
+}
+
+CheckOptions MakeCheck(const Words& words) {
+  CheckOptions options;
+  options.file = words.file;
+  options.separator = FindSeparator(words.separator);
+  options.has_labels = !words.no_labels;
+  options.problem_category = ProblemCategory(words.problem);
+  options.all = words.all;
+  options.most_problems = words.most_problems;
+  options.json = words.json;
   return options;
 }
 
@@ -152,11 +214,13 @@ void RequireKnownCommand(CLI::App& app, int argc, const char* const* argv) {
 }  // namespace
 
 Invocation ParseCommandLine(int argc, const char* const* argv) {
-  CLI::App app("Loads delimited data into a run database and shows what it holds.", "tslm5");
+  CLI::App app("Checks delimited data, loads it into a run database and shows what it holds.",
+               "tslm5");
   Words words;
   app.set_version_flag("--version", "tslm5 " TSLM5_VERSION);
   app.require_subcommand(1);
   app.footer(kExamples);
+  AddCheck(app, words);
   AddLoad(app, words);
   AddInfo(app, words);
   AddShow(app, words);
@@ -174,6 +238,7 @@ Invocation ParseCommandLine(int argc, const char* const* argv) {
                   fmt::format("{} (see tslm5 {}--help)", Escaped(error.what()), command));
   }
   const CLI::App* command = app.get_subcommands().front();
+  if (command->get_name() == "check") return MakeCheck(words);
   RequireRunName(words.run);
   if (command->get_name() == "load") return MakeLoad(words);
   if (command->get_name() == "info") return InfoOptions{words.run, words.json};

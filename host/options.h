@@ -1,6 +1,7 @@
 #ifndef TSLM5_HOST_OPTIONS_H_
 #define TSLM5_HOST_OPTIONS_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -20,6 +21,17 @@ struct LoadOptions {
   const Separator* separator = nullptr;  ///< nullptr: to be found out
   bool has_labels = true;
   std::int32_t layout = layout_code::kRecordsInRows;
+  bool checks = true;  ///< the data check comes first
+  bool json = false;
+};
+
+struct CheckOptions {
+  std::string file;
+  const Separator* separator = nullptr;  ///< nullptr: to be found out
+  bool has_labels = true;
+  std::int32_t problem_category = problem_category::kRegression;
+  bool all = false;
+  std::size_t most_problems = 20;  ///< of `all`, to be shown
   bool json = false;
 };
 
@@ -43,7 +55,7 @@ struct HelpText {
   std::string text;
 };
 
-using Invocation = std::variant<LoadOptions, InfoOptions, ShowOptions, HelpText>;
+using Invocation = std::variant<LoadOptions, CheckOptions, InfoOptions, ShowOptions, HelpText>;
 
 /// What the command line asks for. Raises `Failure`, wrong usage.
 Invocation ParseCommandLine(int argc, const char* const* argv);

@@ -12,14 +12,15 @@
 namespace tslm5::host {
 namespace {
 
-struct Runner {
-  Output& output;
-
-  void operator()(const LoadOptions& options) const { RunLoad(options, output); }
-  void operator()(const InfoOptions& options) const { RunInfo(options, output); }
-  void operator()(const ShowOptions& options) const { RunShow(options, output); }
-  void operator()(const HelpText& help) const { output.Write(help.text); }
-};
+/// Runs the command that the command line asks for.
+ExitCode Run(const Invocation& invocation, Output& output) {
+  if (const auto* check = std::get_if<CheckOptions>(&invocation)) return RunCheck(*check, output);
+  if (const auto* load = std::get_if<LoadOptions>(&invocation)) RunLoad(*load, output);
+  if (const auto* info = std::get_if<InfoOptions>(&invocation)) RunInfo(*info, output);
+  if (const auto* show = std::get_if<ShowOptions>(&invocation)) RunShow(*show, output);
+  if (const auto* help = std::get_if<HelpText>(&invocation)) output.Write(help->text);
+  return ExitCode::kDone;
+}
 
 ExitCode End(const Failure& failure) {
   Complain(failure.what());
@@ -32,9 +33,9 @@ ExitCode RunProgram(int argc, const char* const* argv) {
   CatchSignals();
   try {
     Output output(STDOUT_FILENO);
-    std::visit(Runner{output}, ParseCommandLine(argc, argv));
+    const ExitCode code = Run(ParseCommandLine(argc, argv), output);
     output.Flush();
-    return ExitCode::kDone;
+    return code;
   } catch (const BrokenPipe&) {
     EndByBrokenPipe();
   } catch (const Failure& failure) {

@@ -1,0 +1,101 @@
+#include "host/check_report.h"
+
+#include <fmt/format.h>
+
+#include "host/json_text.h"
+#include "host/shown_text.h"
+
+namespace tslm5::host {
+namespace {
+
+template <class T>
+nlohmann::ordered_json OrNull(const std::optional<T>& value) {
+  return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json();
+}
+
+std::string Problems(const CheckReport& report) {
+  std::string text;
+  for (const Problem& problem : report.problems.first) {
+    text += PlaceOf(problem) + Escaped(OneLine(problem.message)) + "\n";
+  }
+  const auto shown = static_cast<std::int64_t>(report.problems.first.size());
+  if (report.all && shown < report.problems.count) {
+    text += fmt::format("and {} more problems; --max {} shows them all\n",
+                        report.problems.count - shown, report.problems.count);
+  }
+  return text;
+}
+
+std::string Verdict(const CheckReport& report) {
+  const std::string file = Escaped(report.request.file);
+  if (report.answer.is_valid) {
+    return fmt::format("{} is valid: {} records of {} columns\n", file, report.problems.records,
+                       report.problems.columns);
+  }
+  if (!report.all) return fmt::format("{} is not valid\n", file);
+  return fmt::format("{} is not valid: {} problem{}\n", file, report.problems.count,
+                     report.problems.count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+std::string PlaceOf(const Problem& problem) {
+  std::string text;
+  if (problem.line) text += fmt::format("line {}", *problem.line);
+  if (problem.record) text += fmt::format(", record {}", *problem.record);
+  if (problem.column) text += fmt::format(", column {}", *problem.column);
+  if (problem.label) text += fmt::format(" ({})", Cut(*problem.label));
+  if (problem.column || problem.record) text += fmt::format(": \"{}\"", problem.value);
+  if (!text.empty()) text += ": ";
+  return text;
+}
+
+std::string OneLine(const std::string& message) {
+  std::string line;
+  for (const char c : message) {
+    if (c == '\r') continue;
+    if (c != '\n') {
+      line += c;
+    } else if (!line.ends_with(' ')) {
+      line += ' ';
+    }
+  }
+  return line;
+}
+
+std::string CheckText(const CheckReport& report) {
+  std::string text = Verdict(report);
+  text +=
+      fmt::format("separator  {}: {}\n", report.separator.separator->name, report.separator.reason);
+  if (const CellKind& changed = report.problems.changed; changed.first) {
+    text += fmt::format(
+        "changed    {} cells lose a tab or a semicolon when they are loaded, the "
+        "first on line {}, column {}: {}\n",
+        changed.count, changed.first->line, changed.first->column + 1,
+        Quoted(changed.first->value));
+  }
+  return text + Problems(report);
+}
+
+std::string CheckJson(const CheckReport& report) {
+  nlohmann::ordered_json object = {
+      {"file", report.request.file},      {"separator", report.separator.separator->name},
+      {"valid", report.answer.is_valid},  {"message", report.answer.message},
+      {"row", OrNull(report.answer.row)}, {"column", OrNull(report.answer.column)},
+      {"rows", report.answer.rows},       {"changedCells", report.problems.changed.count}};
+  if (report.all) {
+    object["problemCount"] = report.problems.count;
+    object["problems"] = nlohmann::ordered_json::array();
+    for (const Problem& problem : report.problems.first) {
+      object["problems"].push_back({{"line", OrNull(problem.line)},
+                                    {"record", OrNull(problem.record)},
+                                    {"column", OrNull(problem.column)},
+                                    {"label", OrNull(problem.label)},
+                                    {"value", problem.value},
+                                    {"message", problem.message}});
+    }
+  }
+  return JsonText(object);
+}
+
+}  // namespace tslm5::host

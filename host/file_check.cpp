@@ -1,0 +1,64 @@
+#include "host/file_check.h"
+
+#include "host/interruption.h"
+#include "host/progress.h"
+#include "tslm5/component/create_object.h"
+#include "tslm5/contracts/event_handlers.h"
+#include "tslm5/platform/connection_point.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr std::string_view kSetMark = "<DATASET>";
+constexpr std::int64_t kRowsPerFeedback = 10;
+
+std::string WithSetName(std::string text, const std::string& name) {
+  for (std::size_t at = 0; (at = text.find(kSetMark, at)) != std::string::npos;) {
+    text.replace(at, kSetMark.size(), name);
+    at += name.size();
+  }
+  return text;
+}
+
+}  // namespace
+
+CheckAnswer CheckFile(const CheckRequest& request) {
+  const Ref<IDataSet> data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
+  data_set->put_DataSetType(data_set_type::kTraining);
+  data_set->put_ProblemCategory(request.problem_category);
+  Progress progress(Terminal::OfStandardError());
+  progress.Begin("Checking", request.lines);
+
+  CheckAnswer answer;
+  std::int64_t rows_heard = 0;
+  const Ref<EventHandlers> handlers = MakeObject<EventHandlers>();
+  handlers->on_before_data_check = [](IParseEventArgs& arguments) {
+    if (Interrupted()) arguments.put_Cancel(true);
+  };
+  handlers->on_load_feedback = [&progress, &rows_heard](IParseEventArgs& arguments) {
+    progress.At(rows_heard += kRowsPerFeedback);
+    if (Interrupted()) arguments.put_Cancel(true);
+  };
+  handlers->on_after_data_check = [&answer](IParseEventArgs& arguments) {
+    answer.rows = arguments.Rows();
+  };
+  const Ref<IConnectionPoint> source = Query<IConnectionPoint>(data_set);
+  const std::int32_t cookie = source->Advise(handlers.get());
+
+  std::int32_t separator = request.separator->code;
+  std::string message;
+  answer.is_valid = data_set->IsValidDataSet(request.file, request.has_labels, separator, message);
+  source->Unadvise(cookie);
+  StopIfInterrupted();  // a cancelled check may well have said "valid"
+  if (answer.is_valid) return answer;
+
+  answer.message = WithSetName(message, data_set->Name());
+  std::int32_t column = 0;
+  std::int32_t row = 0;
+  data_set->InvalidPosition(column, row);
+  if (row > 0) answer.row = row;
+  if (column > 0) answer.column = column;
+  return answer;
+}
+
+}  // namespace tslm5::host
