@@ -15,6 +15,7 @@ ExitCode RunCheck(const CheckOptions& options, Output& output);
 void RunLoad(const LoadOptions& options, Output& output);
 void RunInfo(const InfoOptions& options, Output& output);
 void RunShow(const ShowOptions& options, Output& output);
+void RunStats(const StatsOptions& options, Output& output);
 
 }  // namespace tslm5::host
 

@@ -17,6 +17,7 @@ constexpr const char* kExamples =
     "  tslm5 load prices.csv --run prices.db\n"
     "  tslm5 info prices.db\n"
     "  tslm5 show prices.db --rows 1:5\n"
+    "  tslm5 stats prices.db\n"
     "\n"
     "Exit codes: 0 done, 1 the data were refused, 2 wrong usage, 3 file or database trouble,\n"
     "130 interrupted. `tslm5 COMMAND --help` tells the options of a command.\n";
@@ -51,6 +52,13 @@ constexpr const char* kShowExamples =
     "\n"
     "A table shows the first 20 rows unless --rows asks for others; csv and json show all.\n";
 
+constexpr const char* kStatsExamples =
+    "Examples:\n"
+    "  tslm5 stats flowers.db\n"
+    "  tslm5 stats flowers.db --set testing --by-class --json\n"
+    "\n"
+    "Figures by class are kept for a response of at most two values.\n";
+
 /// What CLI11 fills before it is turned into the options of a command.
 struct Words {
   std::string file;
@@ -65,6 +73,8 @@ struct Words {
   std::size_t most_problems = 20;
   bool no_labels = false;
   bool no_check = false;
+  bool no_statistics = false;
+  bool by_class = false;
   bool all = false;
   bool json = false;
 };
@@ -122,6 +132,7 @@ void AddLoad(CLI::App& app, Words& words) {
       ->check(CLI::IsMember({"rows", "columns"}))
       ->type_name("NAME");
   load->add_flag("--no-check", words.no_check, "load without the data check");
+  load->add_flag("--no-stats", words.no_statistics, "do not compute the statistics of the columns");
   load->add_flag("--json", words.json, "print one JSON object");
   load->footer(kLoadExamples);
 }
@@ -153,6 +164,17 @@ void AddShow(CLI::App& app, Words& words) {
   show->footer(kShowExamples);
 }
 
+void AddStats(CLI::App& app, Words& words) {
+  CLI::App* stats = app.add_subcommand("stats", "Print the statistics of a set's columns");
+  stats->add_option("RUN", words.run, "the run database")->required();
+  stats->add_option("--set", words.set, "the set to describe (default training)")
+      ->check(CLI::IsMember({"training", "testing"}))
+      ->type_name("SET");
+  stats->add_flag("--by-class", words.by_class, "the same for each class of the response");
+  stats->add_flag("--json", words.json, "print one JSON object");
+  stats->footer(kStatsExamples);
+}
+
 void RequireRunName(const std::string& run) {
   if (!run.empty() && !run.starts_with(':') && !run.starts_with("file:")) return;
   throw Failure(
@@ -169,6 +191,7 @@ LoadOptions MakeLoad(const Words& words) {
   options.has_labels = !words.no_labels;
   options.json = words.json;
   options.checks = !words.no_check;
+  options.statistics = !words.no_statistics;
   if (words.layout == "columns") options.layout = layout_code::kRecordsInColumns;
   if (options.layout == layout_code::kRecordsInColumns && options.separator != nullptr &&
       options.separator->code == separator_code::kNone) {
@@ -224,6 +247,7 @@ Invocation ParseCommandLine(int argc, const char* const* argv) {
   AddLoad(app, words);
   AddInfo(app, words);
   AddShow(app, words);
+  AddStats(app, words);
   RequireKnownCommand(app, argc, argv);
   try {
     app.parse(argc, argv);
@@ -242,6 +266,9 @@ Invocation ParseCommandLine(int argc, const char* const* argv) {
   RequireRunName(words.run);
   if (command->get_name() == "load") return MakeLoad(words);
   if (command->get_name() == "info") return InfoOptions{words.run, words.json};
+  if (command->get_name() == "stats") {
+    return StatsOptions{words.run, FindSet(words.set), words.by_class, words.json};
+  }
   return MakeShow(*command, words);
 }
 

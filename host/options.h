@@ -21,7 +21,8 @@ struct LoadOptions {
   const Separator* separator = nullptr;  ///< nullptr: to be found out
   bool has_labels = true;
   std::int32_t layout = layout_code::kRecordsInRows;
-  bool checks = true;  ///< the data check comes first
+  bool checks = true;      ///< the data check comes first
+  bool statistics = true;  ///< the set's figures are computed
   bool json = false;
 };
 
@@ -50,12 +51,20 @@ struct ShowOptions {
   Format format = Format::kTable;
 };
 
+struct StatsOptions {
+  std::string run;
+  const SetName* set = nullptr;
+  bool by_class = false;
+  bool json = false;
+};
+
 /// A text that was asked for instead of a command: help or the version.
 struct HelpText {
   std::string text;
 };
 
-using Invocation = std::variant<LoadOptions, CheckOptions, InfoOptions, ShowOptions, HelpText>;
+using Invocation =
+    std::variant<LoadOptions, CheckOptions, InfoOptions, ShowOptions, StatsOptions, HelpText>;
 
 /// What the command line asks for. Raises `Failure`, wrong usage.
 Invocation ParseCommandLine(int argc, const char* const* argv);

@@ -18,6 +18,7 @@ ExitCode Run(const Invocation& invocation, Output& output) {
   if (const auto* load = std::get_if<LoadOptions>(&invocation)) RunLoad(*load, output);
   if (const auto* info = std::get_if<InfoOptions>(&invocation)) RunInfo(*info, output);
   if (const auto* show = std::get_if<ShowOptions>(&invocation)) RunShow(*show, output);
+  if (const auto* stats = std::get_if<StatsOptions>(&invocation)) RunStats(*stats, output);
   if (const auto* help = std::get_if<HelpText>(&invocation)) output.Write(help->text);
   return ExitCode::kDone;
 }

@@ -25,6 +25,10 @@ class Progress {
   void At(std::int64_t done) {
     if (terminal_.is_terminal && done % kStepsBetweenLooks == 0) Look(done);
   }
+  /// The same for a stage of few steps: looks at the clock every time.
+  void Step(std::int64_t done) {
+    if (terminal_.is_terminal) Look(done);
+  }
   /// Wipes the bar out.
   void End();
 

@@ -13,6 +13,7 @@
 #include "host/run_originals.h"
 #include "host/run_session.h"
 #include "host/shown_text.h"
+#include "host/statistics_feedback.h"
 #include "tslm5/contracts/event_handlers.h"
 #include "tslm5/contracts/lifecycle.h"
 #include "tslm5/platform/connection_point.h"
@@ -161,6 +162,7 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
   if (!data_set.As<IPersistable>()->Save(Variant(session.Run()), Variant(set.type))) {
     throw Failure(ExitCode::kTrouble, "the set's labels could not be saved in the run");
   }
+  if (options.statistics) ComputeStatistics(*data_set, progress);
   NoteLoad(session, options, text, stored);
   return stored;
 }

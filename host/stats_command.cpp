@@ -1,0 +1,58 @@
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include "host/commands.h"
+#include "host/failure.h"
+#include "host/run_metadata.h"
+#include "host/run_session.h"
+#include "host/shown_text.h"
+#include "host/statistics_feedback.h"
+#include "host/stats_report.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr int kHistogramBins = 16;
+
+Ref<IDataSet> RequireSet(const RunSession& session, const StatsOptions& options) {
+  if (Ref<IDataSet> data_set = session.OpenDataSet(options.set->type)) return data_set;
+  throw Failure(ExitCode::kTrouble, fmt::format("{} has no {} set (tslm5 info tells what it has)",
+                                                Escaped(options.run), options.set->name));
+}
+
+/// Figures that a load with --no-stats left out are computed now, and kept in the run.
+void EnsureComputed(const StatsOptions& options) {
+  {
+    const RunSession session(options.run, RunOptions::Mode::kReadOnly);
+    RequireSet(session, options);
+    if (!ReadColumnFigures(session, options.set->type).empty()) return;
+  }
+  const RunSession session(options.run, RunOptions::Mode::kReadWrite);
+  Progress progress(Terminal::OfStandardError());
+  Transaction transaction(session.Connection());
+  ComputeStatistics(*RequireSet(session, options), progress);
+  transaction.Commit();
+}
+
+}  // namespace
+
+void RunStats(const StatsOptions& options, Output& output) {
+  EnsureComputed(options);
+  const RunSession session(options.run, RunOptions::Mode::kReadOnly);
+  const Ref<IDataSet> data_set = RequireSet(session, options);
+  StatsReport report;
+  report.set = options.set->name;
+  report.labels = LabelsOf(*data_set);
+  report.columns = ReadColumnFigures(session, options.set->type);
+  report.by_class = options.by_class;
+  if (options.by_class) report.classes = ReadClassFigures(session, options.set->type);
+  if (options.json) return output.Write(StatsJson(report));
+  if (isatty(STDOUT_FILENO) != 0) {
+    for (const ColumnFigures& column : report.columns) {
+      report.histograms.push_back(Histogram(*data_set, column.index, kHistogramBins));
+    }
+  }
+  output.Write(StatsText(report));
+}
+
+}  // namespace tslm5::host

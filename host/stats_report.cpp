@@ -1,0 +1,121 @@
+#include "host/stats_report.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "host/json_text.h"
+#include "host/shown_text.h"
+#include "tslm5/platform/number_text.h"
+
+namespace tslm5::host {
+namespace {
+
+using Line = std::vector<std::string>;
+
+std::string FigureText(const std::optional<double>& figure) {
+  return figure ? fmt::format("{:.6g}", *figure) : "-";
+}
+
+std::string LabelOf(const StatsReport& report, std::int32_t column) {
+  const auto index = static_cast<std::size_t>(column);
+  return index < report.labels.size() ? report.labels[index] : fmt::format("d{}", column);
+}
+
+/// Lines of cells with aligned columns: the first one to the left, the others to the right; a last
+/// one that is no figure stands as it is.
+std::string Aligned(const std::vector<Line>& lines, std::size_t figures) {
+  std::vector<std::size_t> widths(figures + 1);
+  for (const Line& line : lines) {
+    for (std::size_t i = 0; i <= figures; ++i) {
+      widths[i] = std::max(widths[i], DisplayWidth(line[i]));
+    }
+  }
+  std::string text;
+  for (const Line& line : lines) {
+    text += line[0];
+    text.append(widths[0] - DisplayWidth(line[0]), ' ');
+    for (std::size_t i = 1; i <= figures; ++i) {
+      text.append(2 + widths[i] - DisplayWidth(line[i]), ' ');
+      text += line[i];
+    }
+    if (line.size() > figures + 1 && !line.back().empty()) text += "  " + line.back();
+    text += '\n';
+  }
+  return text;
+}
+
+std::string ColumnTable(const StatsReport& report) {
+  constexpr std::size_t kFigures = 5;
+  std::vector<Line> lines = {{"column", "centroid", "medoid", "minimum", "maximum", "deviation"}};
+  for (std::size_t i = 0; i < report.columns.size(); ++i) {
+    const ColumnFigures& column = report.columns[i];
+    Line line = {Cut(LabelOf(report, column.index)), FigureText(column.centroid),
+                 FigureText(column.medoid),          FigureText(column.minimum),
+                 FigureText(column.maximum),         FigureText(column.deviation)};
+    if (i < report.histograms.size()) line.push_back(report.histograms[i]);
+    lines.push_back(std::move(line));
+  }
+  return Aligned(lines, kFigures);
+}
+
+std::string ClassTable(const StatsReport& report, const ClassFigures& one) {
+  constexpr std::size_t kFigures = 4;
+  std::vector<Line> lines = {{"column", "centroid", "medoid", "minimum", "maximum"}};
+  for (const ColumnFigures& column : one.columns) {
+    lines.push_back({Cut(LabelOf(report, column.index)), FigureText(column.centroid),
+                     FigureText(column.medoid), FigureText(column.minimum),
+                     FigureText(column.maximum)});
+  }
+  return fmt::format("\nclass {}: {} record{}\n", NumberText(one.value), one.records,
+                     one.records == 1 ? "" : "s") +
+         Aligned(lines, kFigures);
+}
+
+nlohmann::ordered_json Figure(const std::optional<double>& figure) {
+  return figure ? nlohmann::ordered_json(*figure) : nlohmann::ordered_json();
+}
+
+nlohmann::ordered_json ColumnsJson(const StatsReport& report,
+                                   const std::vector<ColumnFigures>& columns, bool of_class) {
+  nlohmann::ordered_json list = nlohmann::ordered_json::array();
+  for (const ColumnFigures& column : columns) {
+    nlohmann::ordered_json one = {{"index", column.index},
+                                  {"label", LabelOf(report, column.index)},
+                                  {"centroid", Figure(column.centroid)},
+                                  {"medoid", Figure(column.medoid)},
+                                  {"minimum", Figure(column.minimum)},
+                                  {"maximum", Figure(column.maximum)}};
+    if (!of_class) one["standardDeviation"] = Figure(column.deviation);
+    list.push_back(std::move(one));
+  }
+  return list;
+}
+
+}  // namespace
+
+std::string StatsText(const StatsReport& report) {
+  std::string text = ColumnTable(report);
+  if (!report.by_class) return text;
+  if (report.classes.empty()) {
+    text += "\nno figures by class: the response has more than two values\n";
+  }
+  for (const ClassFigures& one : report.classes) text += ClassTable(report, one);
+  return text;
+}
+
+std::string StatsJson(const StatsReport& report) {
+  nlohmann::ordered_json object = {{"set", report.set},
+                                   {"columns", ColumnsJson(report, report.columns, false)}};
+  if (report.by_class) {
+    object["classes"] = nlohmann::ordered_json::array();
+    for (const ClassFigures& one : report.classes) {
+      object["classes"].push_back({{"class", one.value},
+                                   {"recordCount", one.records},
+                                   {"columns", ColumnsJson(report, one.columns, true)}});
+    }
+  }
+  return JsonText(object);
+}
+
+}  // namespace tslm5::host
