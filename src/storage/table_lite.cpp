@@ -140,7 +140,7 @@ Ref<TableLite> TableLite::Clone(std::int32_t pSetType) {
                 "The clone must be assigned a different type/name.");
   }
   const Ref<IConnection> connection = Connection();
-  const Ref<TableLite> clone = MakeObject<TableLite>();
+  Ref<TableLite> clone = MakeObject<TableLite>();
   clone->Init2(connection_service_.get());
   Transaction transaction(*connection);
   clone->Create(Columns(), pSetType, true);
