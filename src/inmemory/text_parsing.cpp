@@ -8,7 +8,7 @@
 #include "inmemory/class_tracker.h"
 #include "inmemory/label_line.h"
 #include "inmemory/parse_errors.h"
-#include "inmemory/record_reader.h"
+#include "inmemory/record_converter.h"
 #include "support/file_helpers.h"
 #include "support/locale.h"
 #include "support/separators.h"
@@ -167,9 +167,9 @@ bool TextParsing::FillCells(std::string_view text, std::int32_t rows, IParseEven
   const Ref<IRecordParsedEventArgs> record = MakeRecordParsedEventArgs();
   record->put_Columns(arguments.Columns());
   ClassTracker classes(state_.problem_category);
-  RecordReader reader(text, separator_, columns, CurrentLocale().DecimalSymbol());
+  RecordConverter converter(text, separator_, columns, CurrentLocale().DecimalSymbol());
   for (std::int32_t row = 0; row < rows; ++row) {
-    classes.Note(reader.Next(cells_->Row(row)));
+    classes.Note(converter.Next(cells_->Row(row)));
     if (state_.sinks.HasSinks() && !TellOfRecord(*record, row, arguments)) return false;
   }
   classes.RequireSeveral();

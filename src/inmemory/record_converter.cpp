@@ -1,4 +1,4 @@
-#include "inmemory/record_reader.h"
+#include "inmemory/record_converter.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -28,8 +28,8 @@ inline bool ReadNumber(const char* first, const char* last, const char* text_end
 
 }  // namespace
 
-RecordReader::RecordReader(std::string_view text, std::string_view separator, std::int32_t columns,
-                           char decimal)
+RecordConverter::RecordConverter(std::string_view text, std::string_view separator,
+                                 std::int32_t columns, char decimal)
     : separator_(separator),
       separator_character_(separator.empty() ? '\n' : separator[0]),
       columns_(columns),
@@ -38,14 +38,14 @@ RecordReader::RecordReader(std::string_view text, std::string_view separator, st
       at_(text.data()),
       last_(text.data() + text.size()) {}
 
-std::string_view RecordReader::Next(double* cells) {
+std::string_view RecordConverter::Next(double* cells) {
   ++line_number_;
   std::string_view last_field;
   return ReadPlainLine(cells, last_field) ? last_field : ReadAnyLine(cells);
 }
 
 /// One separator may stand at the start and one at the end: they would be trimmed away.
-bool RecordReader::ReadPlainLine(double* cells, std::string_view& last_field) {
+bool RecordConverter::ReadPlainLine(double* cells, std::string_view& last_field) {
   const char* field = at_;
   if (*field == separator_character_) field = delimiters_.Next() + 1;
   for (std::int32_t column = 0;; ++column) {
@@ -66,7 +66,7 @@ bool RecordReader::ReadPlainLine(double* cells, std::string_view& last_field) {
   }
 }
 
-std::string_view RecordReader::ReadAnyLine(double* cells) {
+std::string_view RecordConverter::ReadAnyLine(double* cells) {
   line_.assign(at_, std::find(at_, last_, '\n'));
   at_ += std::min(line_.size() + 1, static_cast<std::size_t>(last_ - at_));
   delimiters_.MoveTo(at_);

@@ -1,5 +1,5 @@
-#ifndef TSLM5_INMEMORY_RECORD_READER_H_
-#define TSLM5_INMEMORY_RECORD_READER_H_
+#ifndef TSLM5_INMEMORY_RECORD_CONVERTER_H_
+#define TSLM5_INMEMORY_RECORD_CONVERTER_H_
 
 #include <cstdint>
 #include <string>
@@ -12,12 +12,12 @@ namespace tslm5 {
 /// Converts the lines of a text into records of numbers, one after the other. A line that is
 /// nothing out of the ordinary is converted where it stands; any other one step by step, with the
 /// errors of `ParseErrors`. Both ways give the same numbers.
-class RecordReader {
+class RecordConverter {
  public:
   /// `text` has no empty line and no run of separators. `separator` (empty: one field a line) must
   /// outlive the reader. `columns` is the number of fields that every line must have.
-  RecordReader(std::string_view text, std::string_view separator, std::int32_t columns,
-               char decimal);
+  RecordConverter(std::string_view text, std::string_view separator, std::int32_t columns,
+                  char decimal);
 
   /// Converts the next line, which must be there, into `cells` (`columns` of them) and returns its
   /// last field, good until the next call.
@@ -40,4 +40,4 @@ class RecordReader {
 
 }  // namespace tslm5
 
-#endif  // TSLM5_INMEMORY_RECORD_READER_H_
+#endif  // TSLM5_INMEMORY_RECORD_CONVERTER_H_
