@@ -37,12 +37,12 @@ TEST_F(DataSetLiteExtraSet, TakesTheColumnFirst) {
 
 TEST_F(DataSetLiteExtraSet, RaisesForAnAbsentCell) {
   const std::pair<std::int32_t, std::int32_t> cells[] = {{-1, 0}, {3, 0}, {0, -1}, {0, 3}};
-  for (const auto& [column, row] : cells) {
-    const Error error = Raised([&] { extra_->GetItem(column, row); });
-    EXPECT_EQ(error.Number(), 41001) << column << ' ' << row;
+  for (const auto& cell : cells) {
+    const Error error = Raised([&] { extra_->GetItem(cell.first, cell.second); });
+    EXPECT_EQ(error.Number(), 41001) << cell.first << ' ' << cell.second;
     EXPECT_EQ(error.Source(), "");
     EXPECT_EQ(error.Description(), "");
-    EXPECT_EQ(RaisedNumber([&] { extra_->SetItem(column, row, 1); }), 41001);
+    EXPECT_EQ(RaisedNumber([&] { extra_->SetItem(cell.first, cell.second, 1); }), 41001);
   }
 }
 

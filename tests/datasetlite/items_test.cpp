@@ -38,12 +38,12 @@ TEST_F(DataSetLiteItems, ThatAreAbsentRaise) {
   constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
   const std::pair<std::int32_t, std::int32_t> cells[] = {
       {-1, 0}, {4, 0}, {0, -1}, {0, 2}, {kMost, 0}, {0, kMost}, {kLeast, 0}, {0, kLeast}};
-  for (const auto& [column, row] : cells) {
-    const Error error = Raised([&] { set_->GetItem(column, row); });
-    EXPECT_EQ(error.Number(), 41011) << column << ' ' << row;
+  for (const auto& cell : cells) {
+    const Error error = Raised([&] { set_->GetItem(cell.first, cell.second); });
+    EXPECT_EQ(error.Number(), 41011) << cell.first << ' ' << cell.second;
     EXPECT_EQ(error.Source(), "GetItem");
     EXPECT_EQ(error.Description(), "Invalid Row or Column");
-    EXPECT_EQ(set_->GetItemString(column, row), "") << column << ' ' << row;
+    EXPECT_EQ(set_->GetItemString(cell.first, cell.second), "") << cell.first << ' ' << cell.second;
   }
 }
 
