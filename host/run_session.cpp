@@ -79,6 +79,10 @@ std::int32_t RunSession::ColumnsOf(std::string_view table) const {
   return fields - 1;
 }
 
+bool HasStatistics(const RunSession& session) {
+  return session.Connection().TableExists("TrainingSet");
+}
+
 Transaction::~Transaction() {
   if (!is_open_) return;
   try {

@@ -44,6 +44,9 @@ class RunSession {
   Ref<IConnection> connection_;
 };
 
+/// Whether statistics can be computed in the run: those of every set need the training table.
+bool HasStatistics(const RunSession& session);
+
 /// A transaction that is rolled back unless it is committed.
 class Transaction {
  public:

@@ -162,7 +162,7 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
   if (!data_set.As<IPersistable>()->Save(Variant(session.Run()), Variant(set.type))) {
     throw Failure(ExitCode::kTrouble, "the set's labels could not be saved in the run");
   }
-  if (options.statistics) ComputeStatistics(*data_set, progress);
+  if (options.statistics && HasStatistics(session)) ComputeStatistics(*data_set, progress);
   NoteLoad(session, options, text, stored);
   return stored;
 }

@@ -12,7 +12,7 @@ class LoadTest(HostCase):
     def test_tells_what_it_did(self):
         file = self.write("words.csv", WORDS)
         self.assertEqual(
-            self.done("load", "words.csv", "--run", "run.db"),
+            self.done("load", "words.csv", "--run", "run.db", "--no-check"),
             "words.csv is the training set of run.db\n"
             "separator  comma: it gives 3 fields in each of the 4 lines looked at\n"
             "lines      5 read = 3 records + 1 label line + 1 empty line\n"
@@ -29,7 +29,7 @@ class LoadTest(HostCase):
 
     def test_json_is_one_object_with_all_keys(self):
         file = self.write("words.csv", WORDS)
-        printed = self.done("load", file, "--run", self.run_path, "--json")
+        printed = self.done("load", file, "--run", self.run_path, "--json", "--no-check")
         self.assertEqual(
             json.loads(printed),
             {

@@ -16,7 +16,7 @@ class RefusalTest(HostCase):
         """Loads a text that is refused: into the run, which stays, and into a new one."""
         file = self.write("bad.csv", content)
         for run in (self.run_path, self.folder / "new.db"):
-            self.failed(code, message, "load", file, "--run", run, *options)
+            self.failed(code, message, "load", file, "--run", run, "--no-check", *options)
         self.assertEqual(dump(self.run_path), self.before)
         self.assertEqual(self.leftovers(), [])
 
