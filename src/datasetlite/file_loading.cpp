@@ -247,6 +247,9 @@ FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t colum
   state_.table = table;
   state_.cached_columns = columns;
   state_.statistics.Empty();
+  if (state_.data_set_type == data_set_type::kTimeSeriesTesting) {
+    state_.extra_table.Reset();  // an older one is the set's own table now
+  }
   return stored ? Outcome::kLoaded : Outcome::kEmptied;
 }
 

@@ -140,6 +140,14 @@ TEST_F(DataSetLiteClone, OfASetWithoutATableHasNone) {
   EXPECT_NO_THROW(ParseFile(attached, File("1,2\n"), {.type = 2})) << "the run was taken along";
 }
 
+TEST_F(DataSetLiteClone, OfATypeWithoutATableFails) {
+  Parse("1,2\n");
+  const Lines before = set_.Everything();
+  EXPECT_NE(RaisedNumber([&] { Clone(set_, 4); }), 0);
+  EXPECT_EQ(set_.Everything(), before);
+  EXPECT_FALSE(run_.InTransaction());
+}
+
 TEST_F(DataSetLiteClone, ThatFailsLeavesTheOriginalAndTheTablesWhole) {
   ParseFile(LiteSet(run_, 2), File("7,8,9\n"), {.type = 2});
   Parse("a,b\n1,2\n", {.has_labels = true});

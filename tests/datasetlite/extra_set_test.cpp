@@ -90,5 +90,11 @@ TEST_F(DataSetLiteExtraSet, StaysThroughALoadOfTheMainTable) {
   EXPECT_EQ(extra_->GetItem(0, 0), 10.0);
 }
 
+TEST_F(DataSetLiteExtraSet, EndsWhenItsTableBecomesTheMainOne) {
+  ParseFile(set_, File("7,8\n"), {.type = 5});
+  EXPECT_FALSE(extra_->Exists());
+  EXPECT_EQ(set_.Records(), (Lines{"7,8"}));
+}
+
 }  // namespace
 }  // namespace tslm5

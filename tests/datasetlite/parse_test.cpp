@@ -139,6 +139,16 @@ TEST_F(DataSetLiteParse, KeepsTheOtherProperties) {
   EXPECT_EQ(set_->GetProperty("DelayTime"), "5");
 }
 
+TEST_F(DataSetLiteParse, OfAnEmptyNameClearsTheLabelsFlagAlone) {
+  Parse("a,b\n1,2\n", {.has_labels = true});
+  EXPECT_EQ(RaisedNumber([&] { ParseFile(set_, "", {.separator = 0, .type = 2}); }), 41001);
+  EXPECT_FALSE(set_->HasLabels());
+  EXPECT_EQ(set_->DataSetType(), 1);
+  EXPECT_EQ(set_->GetProperty("Separator"), ",");
+  EXPECT_EQ(set_.Records(), (Lines{"1,2"}));
+  EXPECT_TRUE(set_->IsReady());
+}
+
 TEST_F(DataSetLiteParse, StoresEachNumberToTheLastBit) {
   Parse("0.1,0.30000000000000004,1e300\n-2.2250738585072014e-308,0.3333333333333333,5e-324\n");
   const double expected[2][3] = {{0.1, 0.30000000000000004, 1e300},
