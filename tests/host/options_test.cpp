@@ -69,8 +69,7 @@ TEST(Options, JsonIsAFormatOfShow) {
 
 TEST(Options, WrongUsageIsNamed) {
   EXPECT_EQ(UsageOf({"load", "f"}), "--run is required (see tslm5 load --help)");
-  EXPECT_EQ(UsageOf({"frob"}),
-            "there is no command \"frob\"; the commands are load, info, show (see tslm5 --help)");
+  EXPECT_EQ(UsageOf({"frob"}).find("there is no command \"frob\"; the commands are "), 0U);
   EXPECT_EQ(UsageOf({"load", "f", "--run", ":memory:"}),
             "\":memory:\" names no file; the path of a run database was expected");
   EXPECT_EQ(UsageOf({"info", ""}), "\"\" names no file; the path of a run database was expected");
