@@ -8,8 +8,8 @@ namespace tslm5 {
 
 /// Walks over the rows of a text of blank-separated values and says of each how many fields it has
 /// and which of them is the first that is no number. Nothing is converted and nothing allocated:
-/// sixteen bytes are looked at at once, and only a field that is longer, or has an exponent, goes
-/// through the numeric grammar letter by letter.
+/// sixteen bytes are looked at at once, and only a field that is longer, or that they do not show
+/// to be a number, goes through the numeric grammar letter by letter.
 class RowScanner {
  public:
   struct Row {
