@@ -96,7 +96,7 @@ std::string Label(DataSetLiteState& state, std::int32_t column) {
 }
 
 std::string LongLabel(DataSetLiteState& state, std::int32_t column) {
-  const std::string label = Label(state, column);
+  std::string label = Label(state, column);
   if (!state.has_labels || IsSeries(state)) return label;
   const std::string name = column == Columns(state) - 1
                                ? state.dependent_var_name

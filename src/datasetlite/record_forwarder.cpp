@@ -1,5 +1,7 @@
 #include "datasetlite/record_forwarder.h"
 
+#include <exception>
+
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
@@ -31,7 +33,12 @@ ScopedRecordForwarder::ScopedRecordForwarder(TableLite& table,
 }
 
 ScopedRecordForwarder::~ScopedRecordForwarder() {
-  if (cookie_ != 0) table_.Unadvise(cookie_);
+  if (cookie_ == 0) return;
+  try {
+    table_.Unadvise(cookie_);
+  } catch (const std::exception&) {
+    return;  // no memory for the shorter list: the table keeps a listener that it no longer needs
+  }
 }
 
 }  // namespace tslm5
