@@ -115,9 +115,9 @@ class Surveyor {
       const auto field = std::find_if(fields.begin(), fields.end(), [](std::string_view one) {
         return one.find(' ') != std::string_view::npos;
       });
-      words += field == fields.end()
-                   ? "; a blank beside a separator counts as a separator too"
-                   : fmt::format("; the blank in {} counts as a separator too", Quoted(*field));
+      if (field != fields.end()) {
+        words += fmt::format("; the blank in {} counts as a separator too", Quoted(*field));
+      }
     } else if (fits) {
       words += "; an empty field at the beginning or the end of a line is not seen: write NA there";
     }

@@ -4,6 +4,32 @@
 #include <vector>
 
 namespace tslm5::host {
+namespace {
+
+/// Walks the line without the blanks around it: `separate()` for a separator, `keep(c)` for any
+/// other character. Runs of blanks are one separator; blanks beside any other separator are passed
+/// over.
+template <class Separate, class Keep>
+void WalkLine(std::string_view raw, char separator, Separate separate, Keep keep) {
+  std::size_t held_blanks = 0;
+  bool is_after_separator = false;
+  for (const char c : Trimmed(raw)) {
+    if (c == ' ' && separator != ' ') {
+      ++held_blanks;
+    } else if (c == separator && separator != '\0') {
+      if (c != ' ' || !is_after_separator) separate();
+      is_after_separator = true;
+      held_blanks = 0;
+    } else {
+      for (; held_blanks > 0 && !is_after_separator; --held_blanks) keep(' ');
+      held_blanks = 0;
+      is_after_separator = false;
+      keep(c);
+    }
+  }
+}
+
+}  // namespace
 
 RecordReader::RecordReader(const DelimitedText& text)
     : lines_(text.text), separator_(text.separator->character) {
@@ -24,29 +50,26 @@ void RecordReader::CleanLine() {
   char* to = buffer_.data();
   separator_count_ = 0;
   is_changed_ = false;
-  char previous = '\0';
-  for (const char c : Trimmed(raw_)) {
-    if (c == separator_ && separator_ != '\0') {
-      const bool is_repeat = c == ' ' && previous == ' ';
-      if (!is_repeat) *to++ = ' ';
-      separator_count_ += is_repeat ? 0 : 1;
-    } else if (IsDeleted(c)) {
-      is_changed_ = true;
-    } else {
-      *to++ = c;
-    }
-    previous = c;
-  }
+  WalkLine(
+      raw_, separator_,
+      [this, &to] {
+        *to++ = ' ';
+        ++separator_count_;
+      },
+      [this, &to](char c) {
+        if (IsDeleted(c)) {
+          is_changed_ = true;
+        } else {
+          *to++ = c;
+        }
+      });
   clean_ = Trimmed({buffer_.data(), static_cast<std::size_t>(to - buffer_.data())});
 }
 
 std::string WithBlanks(std::string_view raw, const Separator& separator) {
   std::string line;
-  for (const char c : Trimmed(raw)) {
-    const bool is_separator = c == separator.character && separator.character != '\0';
-    if (is_separator && separator.code == separator_code::kSpace && line.ends_with(' ')) continue;
-    line += is_separator ? ' ' : c;
-  }
+  WalkLine(
+      raw, separator.character, [&line] { line += ' '; }, [&line](char c) { line += c; });
   return line;
 }
 

@@ -12,7 +12,8 @@
 namespace tslm5::host {
 
 /// Walks the records of a text by the loader's rules: the label line is dropped whatever it holds;
-/// every separator becomes a blank (runs of blanks become one when the separator is the blank);
+/// every separator becomes a blank (runs of blanks become one when the separator is the blank, and
+/// blanks beside any other separator go);
 /// then tabs and semicolons are deleted; a line of which nothing but blanks is left is an empty
 /// line; every other line is a record. The text must outlive the reader.
 class RecordReader {

@@ -180,7 +180,11 @@ FileLoading::Rows FileLoading::Prepare(std::string text, bool has_labels,
     }
     text = StringHelpers::RearrangeText(std::move(text), separator, layout);
   }
-  if (separator != kBlank) TextCleanup::ReplaceSeparator(text, separator);
+  if (separator != kBlank && !separator.empty()) {
+    // A blank beside a separator is no value of its own; an empty value between two of them is.
+    TextCleanup::DropBlanksBeside(text, separator.front());
+    TextCleanup::ReplaceSeparator(text, separator);
+  }
   if (has_labels) TextCleanup::DropFirstLine(text);
   // Only a blank can still stand in runs: between other separators an empty value keeps its place.
   if (separator == kBlank) TextCleanup::CollapseRuns(text, ' ');

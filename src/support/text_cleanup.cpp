@@ -99,6 +99,26 @@ void ReplaceSeparator(std::string& text, std::string_view separator) {
   for (char* p = text.data() + found; p != last; ++p) *p = *p == token ? ' ' : *p;
 }
 
+void DropBlanksBeside(std::string& text, char separator) {
+  std::size_t blank = text.find(' ');
+  if (blank == std::string::npos) return;
+  InPlaceWriter writer(text);
+  const char* const end = text.data() + text.size();
+  const char* kept = text.data();  // what is before it has been written or dropped
+  while (blank != std::string::npos) {
+    const char* const first = text.data() + blank;
+    const std::size_t next = std::min(text.find_first_not_of(' ', blank), text.size());
+    const char* const last = text.data() + next;
+    const bool is_beside =
+        (blank > 0 && first[-1] == separator) || (last != end && *last == separator);
+    writer.Keep(kept, is_beside ? first : last);
+    kept = last;
+    blank = text.find(' ', next);
+  }
+  writer.Keep(kept, end);
+  writer.Finish();
+}
+
 std::size_t CollapseRuns(std::string& text, char c) {
   const char* read = text.data();
   const char* const last = read + text.size();

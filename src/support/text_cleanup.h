@@ -16,6 +16,10 @@ bool ReplaceToken(std::string& text, std::string_view token, std::string_view re
 /// Replaces every `separator` by one blank. An empty separator leaves the text alone.
 void ReplaceSeparator(std::string& text, std::string_view separator);
 
+/// Deletes the blanks before and after every `separator`, one character other than a blank: they
+/// belong to no value. A text without a blank costs one fast scan.
+void DropBlanksBeside(std::string& text, char separator);
+
 /// Replaces every run of `c` by one `c`. Returns the length of the longest run of two or more,
 /// 0 when there was none.
 std::size_t CollapseRuns(std::string& text, char c);

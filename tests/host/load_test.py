@@ -146,14 +146,19 @@ class LoadTest(HostCase):
                 self.assertEqual((loaded["hasLabels"], loaded["rows"]), (False, 1))
 
     def test_blanks_that_make_columns_are_told(self):
-        file = self.write("data.csv", "1, 2\n3, 4\n")
-        result = self.program("load", file, "--run", self.run_path, "--no-labels")
+        file = self.write("data.csv", "1 5,2\n3 6,4\n")
+        result = self.program("load", file, "--run", self.run_path, "--no-labels", "--no-check")
         self.assertEqual(
             result.stderr,
             "tslm5: warning: blanks count as separators too: 2 of the records have more columns "
-            'than the comma gives, the first on line 1: "1, 2"\n',
+            'than the comma gives, the first on line 1: "1 5,2"\n',
         )
-        self.assertEqual(self.show()["rows"], [[1, None, 2], [3, None, 4]])
+        self.assertEqual(self.show()["rows"], [[1, 5, 2], [3, 6, 4]])
+
+    def test_blanks_beside_separators_are_no_values(self):
+        self.load("a , b\n1, 2\n3 ,4\n")
+        self.assertEqual(self.show()["rows"], [[1, 2], [3, 4]])
+        self.assertEqual(self.show()["labels"], ["a", "b"])
 
     def test_columns_layout(self):
         loaded = self.load("1,2,3\n4,5,6\n", "--layout", "columns", "--no-labels")

@@ -24,21 +24,15 @@ TEST(RecordReader, CleansALineAsTheLoaderDoes) {
     bool is_changed;
   };
   const Case cases[] = {
-      {"comma", "1,2,3", "1 2 3", false},
-      {"comma", "1,,3", "1  3", false},
-      {"comma", "1, 2", "1  2", false},
-      {"comma", ",1,2,", "1 2", false},
-      {"comma", "1;5,2", "15 2", true},
-      {"comma", "1\t,2", "1 2", true},
-      {"semicolon", "1;2;3", "1 2 3", false},
-      {"semicolon", "1\t;2", "1 2", true},
-      {"tab", "1\t2\t3", "1 2 3", false},
-      {"tab", "1;\t2", "1 2", true},
-      {"space", "  1   2 ", "1 2", false},
-      {"space", "1 \t 2", "1  2", true},
-      {"bar", "1|2 3", "1 2 3", false},
-      {"none", "1 2,3", "1 2,3", false},
-      {"none", "1;2", "12", true},
+      {"comma", "1,2,3", "1 2 3", false},  {"comma", "1,,3", "1  3", false},
+      {"comma", "1, 2", "1 2", false},     {"comma", "1 ,  2", "1 2", false},
+      {"comma", "1 2, 3", "1 2 3", false}, {"comma", "1,\t 2", "1  2", true},
+      {"comma", ",1,2,", "1 2", false},    {"comma", "1;5,2", "15 2", true},
+      {"comma", "1\t,2", "1 2", true},     {"semicolon", "1;2;3", "1 2 3", false},
+      {"semicolon", "1\t;2", "1 2", true}, {"tab", "1\t2\t3", "1 2 3", false},
+      {"tab", "1;\t2", "1 2", true},       {"space", "  1   2 ", "1 2", false},
+      {"space", "1 \t 2", "1  2", true},   {"bar", "1|2 3", "1 2 3", false},
+      {"none", "1 2,3", "1 2,3", false},   {"none", "1;2", "12", true},
       {"comma", "1,2\r", "1 2\r", false},
   };
   for (const Case& one : cases) {

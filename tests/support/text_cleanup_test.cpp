@@ -129,5 +129,23 @@ TEST(DropFirstLine, TakesItsLineFeedWithIt) {
   }
 }
 
+TEST(TextCleanup, DropsTheBlanksBesideASeparator) {
+  const struct {
+    const char* text;
+    const char* cleaned;
+  } cases[] = {{"", ""},           {"1,2", "1,2"},
+               {"1, 2", "1,2"},    {"1 ,2", "1,2"},
+               {"1  ,  2", "1,2"}, {"1 2, 3", "1 2,3"},
+               {" , ", ","},       {", ,", ",,"},
+               {" 1,2 ", " 1,2 "}, {"1, \n 2 ,3", "1,\n 2,3"},
+               {"a b", "a b"},     {"1 ;2", "1 ;2"},
+               {"1, ", "1,"},      {" ", " "}};
+  for (const auto& [text, cleaned] : cases) {
+    std::string result = text;
+    TextCleanup::DropBlanksBeside(result, ',');
+    EXPECT_EQ(result, cleaned) << "of \"" << text << "\"";
+  }
+}
+
 }  // namespace
 }  // namespace tslm5::TextCleanup
