@@ -54,6 +54,7 @@ bool InsertLiterals::NextText(InsertLiteral& literal) {
     ++at_;
   }
   literal.text = {start, static_cast<std::size_t>(at_ - start)};
+  literal.readable_end = end_;
   ++at_;
   return true;
 }

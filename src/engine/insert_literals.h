@@ -20,6 +20,7 @@ struct InsertLiteral {
   std::int64_t integer = 0;
   double real = 0.0;
   std::string_view text;
+  const char* readable_end = nullptr;  ///< of a text: the end of the list that it stands in
 };
 
 /// A cursor over the literals of a value list "(v, v, …)", by SQLite's own rules. It answers only

@@ -96,7 +96,7 @@ void LiteralInserter::BindOne(Kept& kept, int column, const InsertLiteral& liter
       return statement.BindDouble(column + 1, literal.real);
     case InsertLiteral::Kind::kText: {
       double number = 0.0;
-      if (kept.is_real[index] && ParseNumber(literal.text, '.', number)) {
+      if (kept.is_real[index] && ParseNumber(literal.text, '.', number, literal.readable_end)) {
         return statement.BindDouble(column + 1, number);
       }
       return statement.BindText(column + 1, literal.text);

@@ -24,8 +24,13 @@ Word LoadWord(const char* from) {
   return word;
 }
 
-/// Reads [from, from + size), 1 to 16 characters, and not a byte beside them.
-inline Characters LoadCharacters(const char* from, std::size_t size) {
+/// Reads [from, from + size), 1 to 16 characters. With `may_read_16` sixteen bytes are read at once
+/// and the excess is blanked out; without it not a byte beside the characters is touched.
+inline Characters LoadCharacters(const char* from, std::size_t size, bool may_read_16) {
+  if (may_read_16) {
+    const auto all = LoadWord<Characters>(from);
+    return size == kShortNumberSize ? all : all & ((Characters{1} << (8 * size)) - 1);
+  }
   if (size >= 8) {
     const Characters last = LoadWord<std::uint64_t>(from + size - 8);
     return LoadWord<std::uint64_t>(from) | last << (8 * (size - 8));
@@ -54,9 +59,10 @@ inline std::uint64_t EightDigits(std::uint64_t digits) {
 inline bool ParseShortNumber([[maybe_unused]] const char* from, [[maybe_unused]] std::size_t size,
                              [[maybe_unused]] char decimal,
                              [[maybe_unused]] std::uint64_t& mantissa,
-                             [[maybe_unused]] std::ptrdiff_t& fraction_digits) {
+                             [[maybe_unused]] std::ptrdiff_t& fraction_digits,
+                             [[maybe_unused]] bool may_read_16) {
 #if defined(__SSE2__)
-  Characters text = LoadCharacters(from, size);
+  Characters text = LoadCharacters(from, size, may_read_16);
   __m128i bytes;
   std::memcpy(&bytes, &text, sizeof(bytes));
   const __m128i value = _mm_sub_epi8(bytes, _mm_set1_epi8('0'));
