@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 
 namespace tslm5 {
 namespace {
 
 constexpr std::size_t kLargeBytes = std::size_t{8} << 20;
+constexpr std::size_t kMostCells = std::numeric_limits<std::ptrdiff_t>::max() / sizeof(double);
 
 /// Asks for large pages under a large block: the first touch of small ones costs a good part of a
 /// parse. Only a hint, and only for whole pages of the block.
@@ -24,7 +26,8 @@ void AdviseLargePages(void* block, std::size_t bytes) {
 }
 
 double* AllocateCleared(std::size_t count) {
-  void* const block = std::calloc(count, sizeof(double));
+  const bool is_possible = count <= kMostCells;
+  void* const block = is_possible ? std::calloc(count, sizeof(double)) : nullptr;
   if (block == nullptr) throw Error(error_number::kOutOfMemory, "", "Out of memory");
   AdviseLargePages(block, count * sizeof(double));
   return static_cast<double*>(block);

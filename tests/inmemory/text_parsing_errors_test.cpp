@@ -103,8 +103,8 @@ TEST(TextParsingErrors, CountARowsFieldsBeforeTheyAreRead) {
 
 TEST(TextParsingErrors, PromiseMoreCellsThanTheTextCanHold) {
   std::string text = "1";
-  for (int i = 1; i < 60'000; ++i) text += ",1";
-  for (int i = 0; i < 60'000; ++i) text += "\n1";
+  for (int i = 1; i < 200'000; ++i) text += ",1";
+  for (int i = 0; i < 200'000; ++i) text += "\n1";
   EXPECT_THAT(MemorySet().ErrorOf(text), IsColumnCountError(2));
 }
 
