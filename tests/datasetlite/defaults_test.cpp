@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "datasetlite/lite_set.h"
 #include "tslm5/contracts/iterator.h"
 #include "tslm5/contracts/lr_services.h"

@@ -2,6 +2,7 @@
 
 #include "datasetlite/lite_set.h"
 #include "tslm5/contracts/extra_set.h"
+#include "tslm5/contracts/lifecycle.h"
 
 namespace tslm5 {
 namespace {

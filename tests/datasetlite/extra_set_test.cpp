@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 #include "datasetlite/lite_set.h"
 #include "tslm5/contracts/extra_set.h"

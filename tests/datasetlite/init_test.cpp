@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "datasetlite/lite_set.h"
+#include "tslm5/contracts/iterator.h"
 
 namespace tslm5 {
 namespace {

@@ -85,6 +85,9 @@ TEST_F(DataSetLiteLabelRow, ReadsManyKindsOfLabels) {
       {"semicolons", "a b;c\n1;2\n", separator_code::kSemicolon, {"a b", "c"}},
       {"quotes", "\"a\",\"b\"\n1,2\n", kComma, {"\"a\"", "\"b\""}},
       {"a tab inside one", "a\tz,b\n1,2\n", kComma, {"a\tz", "b"}},
+      {"a carriage return too many", "a,b\r\r\n1,2\r\n", kComma, {"a", "b"}},
+      {"words as many as columns", "a b,,c\n1,2,3\n", kComma, {"a", "b", "c"}},
+      {"neither words nor fields so many", "a b,c\n1,2,3,4\n", kComma, {"a", "b", "c", ""}},
       {"fewer than columns", "a,b\n1,2,3\n", kComma, {"a", "b", ""}},
   };
   for (const auto& c : cases) {

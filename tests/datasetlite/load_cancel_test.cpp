@@ -108,14 +108,18 @@ TEST_F(DataSetLiteCancel, AtARecordWithoutEarlierRecordsLeavesAnEmptyTable) {
     set.Listen(events_);
     events_->lines.clear();
     CancelAtRecord(at);
-    EXPECT_NO_THROW(ParseFile(set, File("7,8,9\n10,11,12\n")));
+    EXPECT_NO_THROW(ParseFile(set, File("a|b|c\n7|8|9\n10|11|12\n"),
+                              {.separator = separator_code::kBar, .has_labels = true, .type = 2}));
     EXPECT_EQ(events_->lines.back(), "AfterDataLoad 0 x 3: Data load failed.");
     EXPECT_EQ(set->Rows(), 0);
     EXPECT_EQ(set->Columns(), 3);
     EXPECT_FALSE(set->IsReady());
     EXPECT_FALSE(set.IsDirty());
-    EXPECT_EQ(run.ColumnNames("TrainingSet"), "d0,d1,d2,row");
-    EXPECT_TRUE(run.TableRows("TrainingSet").empty());
+    EXPECT_EQ(set->DataSetType(), 2) << "type and labels are those of the empty table";
+    EXPECT_EQ(set.Labels(), (Lines{"a", "b", "c"}));
+    EXPECT_EQ(set->GetProperty("Separator"), "|");
+    EXPECT_EQ(run.ColumnNames("TestingSet"), "d0,d1,d2,row");
+    EXPECT_TRUE(run.TableRows("TestingSet").empty());
     EXPECT_FALSE(run.InTransaction());
   }
 }

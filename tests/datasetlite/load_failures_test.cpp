@@ -2,6 +2,10 @@
 // goes as if nothing had happened.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ostream>
+#include <string_view>
+
 #include "datasetlite/lite_set.h"
 
 namespace tslm5 {

@@ -2,6 +2,8 @@
 // load_parameters_test.cpp.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+
 #include "datasetlite/lite_set.h"
 #include "tslm5/contracts/extra_set.h"
 

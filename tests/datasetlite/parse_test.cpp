@@ -2,6 +2,8 @@
 // events in load_events_test.cpp, its failures in load_failures_test.cpp.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "datasetlite/lite_set.h"
 #include "support/locale.h"
 

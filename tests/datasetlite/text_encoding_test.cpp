@@ -1,6 +1,9 @@
 // Files in other encodings than plain ASCII.
 #include <gtest/gtest.h>
 
+#include <ostream>
+#include <string_view>
+
 #include "datasetlite/lite_set.h"
 
 namespace tslm5 {

@@ -1,6 +1,9 @@
 // `Vectorize` of the main table and of the extra one: the same rules, another table.
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <ostream>
+
 #include "datasetlite/lite_set.h"
 #include "tslm5/contracts/extra_set.h"
 #include "tslm5/contracts/vectorize.h"
