@@ -30,8 +30,8 @@ class DataSetLiteUnreadableFile : public DataSetLiteTest {
     set_.As<IConnectionPoint>()->Unadvise(cookie);
   }
 
-  /// Runs `check` as a user without special rights, in a child process if need be. Its exit code
-  /// is the number of the failed expectations; -1 where there is no such user.
+  /// Runs `check` as a user without special rights, in a child process if need be: 0 when every
+  /// expectation held, 1 when not, -1 where there is no such user.
   template <class Check>
   static int AsACommonUser(Check check) {
     const auto failed_parts = [&check] {
