@@ -1,6 +1,7 @@
 #include "engine/literal_inserter.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "engine/sqlite_error.h"
 #include "tslm5/platform/number_text.h"
@@ -29,6 +30,28 @@ bool LiteralInserter::TryRun(std::string_view sql) {
   Kept* kept = Find(sql);
   if (kept == nullptr || !Bind(*kept, sql.substr(kept->head.size()))) return false;
   kept->statement.RunFor(sql);
+  return true;
+}
+
+bool LiteralInserter::TryRunNumbers(std::string_view head, std::span<const double> numbers,
+                                    std::int32_t row) {
+  Kept* kept = Find(head);
+  const std::size_t count = numbers.size();
+  if (kept == nullptr || kept->head != head || kept->is_real.size() != count + 1) return false;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (kept->is_real[i] == 0 || std::isinf(numbers[i])) return false;
+  }
+  int parameter = 0;
+  for (const double number : numbers) {
+    ++parameter;
+    if (std::isnan(number)) {
+      kept->statement.BindNull(parameter);
+    } else {
+      kept->statement.BindDouble(parameter, number);
+    }
+  }
+  kept->statement.BindInteger(parameter + 1, row);
+  kept->statement.RunFor(head);
   return true;
 }
 

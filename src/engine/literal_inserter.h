@@ -3,7 +3,9 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +25,11 @@ class LiteralInserter {
   /// Runs `sql` and returns true; or returns false, having done nothing, when its shape is not
   /// known beyond doubt. Raises SQLite's error when the row is refused.
   bool TryRun(std::string_view sql);
+
+  /// The same for `head` ("INSERT INTO t VALUES (") and values that are ready: `numbers`, NaN for
+  /// NULL, and `row`. False as well for an infinite number or a column that is not of REAL
+  /// affinity.
+  bool TryRunNumbers(std::string_view head, std::span<const double> numbers, std::int32_t row);
 
   /// Forgets the kept statements: the schema may have changed.
   void Clear() { kept_.clear(); }

@@ -76,6 +76,7 @@ void RunConnection::Configure(const std::string& path, const RunOptions& options
 
 void* RunConnection::FindFacet(const Uuid& pId) {
   if (pId == IConnection::kId) return static_cast<IConnection*>(&connection_facet_);
+  if (pId == INumberInserter::kId) return static_cast<INumberInserter*>(&number_inserter_facet_);
   if (pId == IDispatch::kId) return static_cast<IDispatch*>(&dispatch_facet_);
   return nullptr;
 }
@@ -154,14 +155,14 @@ void RunConnection::WritePending() {
 }
 
 bool RunConnection::RunByBinding(std::string_view sql) {
-  try {
-    if (!inserter_.TryRun(sql)) return false;
-  } catch (...) {
-    NoteChange();  // SQLite may have rolled the transaction back
-    throw;
-  }
-  ++writes_;
-  return true;
+  return Bound([this, sql] { return inserter_.TryRun(sql); });
+}
+
+bool RunConnection::InsertNumbers(std::string_view head, std::span<const double> numbers,
+                                  std::int32_t row) {
+  WritePending();
+  if (sqlite3_get_autocommit(database_) != 0) return false;
+  return Bound([this, head, numbers, row] { return inserter_.TryRunNumbers(head, numbers, row); });
 }
 
 void RunConnection::RunPlain(std::string_view sql) {

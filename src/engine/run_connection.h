@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "engine/connection_dispatch.h"
 #include "engine/literal_inserter.h"
 #include "tslm5/engine/connection.h"
+#include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/open_run.h"
 #include "tslm5/platform/object.h"
 
@@ -34,6 +36,7 @@ class RunConnection final : public FacetOwner {
   void CommitTrans();
   void RollbackTrans();
   bool TableExists(std::string_view table_name);
+  bool InsertNumbers(std::string_view head, std::span<const double> numbers, std::int32_t row);
 
   sqlite3* Database() const { return database_; }
 
@@ -85,11 +88,35 @@ class RunConnection final : public FacetOwner {
     RunConnection& connection_;
   };
 
+  class NumberInserterFacet final : public Facet<INumberInserter> {
+   public:
+    explicit NumberInserterFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
+    bool InsertNumbers(std::string_view pHead, std::span<const double> pNumbers,
+                       std::int32_t pRow) override {
+      return connection_.InsertNumbers(pHead, pNumbers, pRow);
+    }
+
+   private:
+    RunConnection& connection_;
+  };
+
   ~RunConnection() override;
   void* FindFacet(const Uuid& pId) override;
 
   void Configure(const std::string& path, const RunOptions& options);
   bool RunByBinding(std::string_view sql);
+  /// Runs `run()`, which says whether it wrote, and counts the write.
+  template <class BoundRun>
+  bool Bound(BoundRun&& run) {
+    try {
+      if (!run()) return false;
+    } catch (...) {
+      NoteChange();  // SQLite may have rolled the transaction back
+      throw;
+    }
+    ++writes_;
+    return true;
+  }
   void RunPlain(std::string_view sql);
   void Begin();
   void Commit();
@@ -101,6 +128,7 @@ class RunConnection final : public FacetOwner {
   LiteralInserter inserter_{nullptr};
   std::vector<SqliteRecordSet*> pending_;
   ConnectionFacet connection_facet_{*this};
+  NumberInserterFacet number_inserter_facet_{*this};
   ConnectionDispatch dispatch_facet_{*this, connection_facet_};
 };
 

@@ -1,18 +1,45 @@
 // The fills of a data table: each is one transaction, and one that fails or is cancelled leaves
 // the table and the row counter as they were.
+#include <algorithm>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "storage/restore_guard.h"
 #include "storage/row_insert_text.h"
+#include "storage/run_statements.h"
 #include "storage/table_lite.h"
 #include "storage/transaction.h"
 #include "support/locale.h"
 #include "support/text_split.h"
+#include "tslm5/engine/number_inserter.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 namespace {
+
+/// Inserts rows of numbers: ready as they are where the engine takes them so, else as text.
+class NumberRows {
+ public:
+  NumberRows(IConnection& connection, std::string_view table_name)
+      : connection_(connection),
+        inserter_(Query<INumberInserter>(&connection)),
+        head_(InsertRowHead(table_name)),
+        text_(table_name, false) {}
+
+  void Insert(std::span<const double> numbers, std::int32_t row) {
+    if (inserter_ && inserter_->InsertNumbers(head_, numbers, row)) return;
+    text_.BeginNumbers();
+    for (const double number : numbers) text_.AddNumber(number);
+    connection_.Execute(text_.EndNumbers(row));
+  }
+
+ private:
+  IConnection& connection_;
+  Ref<INumberInserter> inserter_;
+  std::string head_;
+  RowInsertText text_;
+};
 
 bool DecimalIsComma() {
   return CurrentLocale().DecimalSymbol() == ',';
@@ -70,17 +97,17 @@ bool TableLite::ParseDataSet(IDataSet& pDataSet) {
 }
 
 bool TableLite::CopyRows(IConnection& connection, IDataSet& source) {
-  RowInsertText text(Name(), false);
+  NumberRows target(connection, Name());
   const std::int32_t columns = source.Columns();
   const std::int32_t rows = source.Rows();
   RecordFeedback feedback(sinks_);
   feedback.SetColumns(columns);
+  std::vector<double> numbers(static_cast<std::size_t>(std::max(columns, 0)));
   for (std::int32_t row = 0; row < rows; ++row) {
-    text.BeginNumbers();
     for (std::int32_t column = 0; column < columns; ++column) {
-      text.AddNumber(source.GetItem(column, row));
+      numbers[static_cast<std::size_t>(column)] = source.GetItem(column, row);
     }
-    connection.Execute(text.EndNumbers(row_counter_ + 1));
+    target.Insert(numbers, row_counter_ + 1);
     if (!feedback.Stored(row_counter_)) return false;
     ++row_counter_;
   }

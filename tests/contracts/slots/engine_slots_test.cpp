@@ -7,6 +7,7 @@
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/connection_service.h"
 #include "tslm5/engine/data_reader.h"
+#include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/record_set.h"
 
 namespace tslm5 {
@@ -17,6 +18,10 @@ TEST(EngineSlots, Connection) {
                            &IConnection::OpenRecordSet, &IConnection::BeginTrans,
                            &IConnection::CommitTrans, &IConnection::RollbackTrans,
                            &IConnection::TableExists);
+}
+
+TEST(EngineSlots, NumberInserter) {
+  ExpectSlots<INumberInserter>(&INumberInserter::InsertNumbers);
 }
 
 TEST(EngineSlots, ConnectionService) {
