@@ -48,6 +48,7 @@ std::string LabelRow(const std::vector<std::string>& labels) {
 std::vector<double> ReadSeries(IExtraSet& extra) {
   std::vector<double> values;
   const std::int32_t rows = extra.Rows();
+  values.reserve(static_cast<std::size_t>(rows));
   for (std::int32_t row = 0; row < rows; ++row) values.push_back(extra.GetItem(0, row));
   return values;
 }

@@ -19,9 +19,8 @@ void AdviseLargePages(void* block, std::size_t bytes) {
 #ifdef MADV_HUGEPAGE
   if (bytes < kLargeBytes) return;
   const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
-  const auto begin = (reinterpret_cast<std::uintptr_t>(block) + page - 1) / page * page;
-  const auto end = (reinterpret_cast<std::uintptr_t>(block) + bytes) / page * page;
-  ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+  const std::size_t before = (page - reinterpret_cast<std::uintptr_t>(block) % page) % page;
+  ::madvise(static_cast<char*>(block) + before, (bytes - before) / page * page, MADV_HUGEPAGE);
 #endif
 }
 

@@ -78,7 +78,7 @@ TEST_F(StatisticsFeedback, StopsAtTheVeryEndAndKeepsTheColumns) {
 }
 
 TEST_F(StatisticsFeedback, AfterAFailureTheRunIsAsItWasAndUsable) {
-  const std::size_t statements = [this] {
+  const std::size_t statements = [] {
     StatisticsRun other;
     other.MakeTable("TrainingSet", 3, {"1, 2, 0", "3, 4, 1"});
     CalculateTableStatistics(other.Connection(), 1, "TrainingSet", nullptr);
