@@ -25,10 +25,11 @@ using PowerTable = std::array<double, 2 * kLargestPower + 1>;
 
 constexpr PowerTable MakePowers(int sign) {
   PowerTable table{};
-  for (int power = -kLargestPower; power <= kLargestPower; ++power) {
+  int power = -kLargestPower;
+  for (double& entry : table) {
     const int exponent = sign * power;
-    table[static_cast<std::size_t>(power + kLargestPower)] =
-        exponent > 0 ? number_text_internal::kPowersOfTen[exponent] : 1.0;
+    entry = exponent > 0 ? number_text_internal::kPowersOfTen[exponent] : 1.0;
+    ++power;
   }
   return table;
 }
