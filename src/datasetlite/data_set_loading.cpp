@@ -129,7 +129,6 @@ bool DataSetLoading::Fill(IDataSet& source, IExtraSet* extra) {
   state_.labels = std::move(labels);
   state_.table = table;
   state_.cached_columns = columns;
-  state_.statistics.Empty();
   // An older extra table is the set's own table now, if that is what the type code says.
   const bool is_own = state_.data_set_type == data_set_type::kTimeSeriesTesting;
   if (extra_table || is_own) state_.extra_table = std::move(extra_table);

@@ -30,12 +30,6 @@ class DelimiterCursor {
     return found;
   }
 
-  /// Goes on at `place`, in the text or at its end.
-  void MoveTo(const char* place) {
-    next_ = place;
-    bits_ = 0;
-  }
-
  private:
   using Block = ByteScan::ByteBlock;
   static constexpr std::size_t kBytes = 64;

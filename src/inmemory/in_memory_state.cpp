@@ -4,11 +4,6 @@
 
 namespace tslm5 {
 
-std::int32_t InMemoryState::Columns() {
-  if (column_count == -1 && data) column_count = data->Columns();
-  return column_count == -1 ? 0 : column_count;
-}
-
 double InMemoryState::Cell(std::int32_t row, std::int32_t column) const {
   if (!data) RaiseSubscriptOutOfRange();
   return data->Get(row, column);

@@ -19,7 +19,7 @@ namespace tslm5 {
 struct InMemoryState {
   PropertyBag properties;
 
-  std::int32_t column_count = -1;  // -1: not known yet
+  std::int32_t column_count = -1;  // as the last fill counted them; -1: there was none yet
   std::string name;                // follows the type code; `IDataSet::Name` does not read it
   bool has_labels = false;
   std::int32_t separator = 0;  // code of the last parse, -1 after a reset
@@ -42,8 +42,7 @@ struct InMemoryState {
   IDataSet* sender = nullptr;  // the set's own face, for events
 
   std::int32_t Rows() const { return data ? data->Rows() : 0; }
-  /// Columns as counted by the last parse; where none did, those of the data, which are noted.
-  std::int32_t Columns();
+  std::int32_t Columns() const { return column_count == -1 ? 0 : column_count; }
   /// One cell of the data; raises 9 when there is none.
   double Cell(std::int32_t row, std::int32_t column) const;
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 
 #include "inmemory/parse_errors.h"
 #include "inmemory/wide_number.h"
+#include "support/numeric_test.h"
 #include "support/text_cleanup.h"
 #include "support/text_split.h"
 #include "support/utf8.h"
@@ -41,49 +43,45 @@ RecordConverter::RecordConverter(std::string_view text, std::string_view separat
 std::string_view RecordConverter::Next(double* cells) {
   ++line_number_;
   std::string_view last_field;
-  return ReadPlainLine(cells, last_field) ? last_field : ReadAnyLine(cells);
+  if (!Convert(cells, last_field)) RefuseLine();
+  return last_field;
 }
 
-/// One separator may stand at the start and one at the end: they would be trimmed away.
-bool RecordConverter::ReadPlainLine(double* cells, std::string_view& last_field) {
+bool RecordConverter::Convert(double* cells, std::string_view& last_field) {
   const char* field = at_;
   if (*field == separator_character_) field = delimiters_.Next() + 1;
   for (std::int32_t column = 0;; ++column) {
     const char* end = delimiters_.Next();
     if (!ReadNumber(field, end, last_, decimal_, cells[column])) return false;
+    const bool ends_line = end == last_ || *end == '\n';
     if (column == columns_ - 1) {
       last_field = Between(field, end);
-      if (end != last_ && *end != '\n') {
+      if (!ends_line) {  // a separator, which must be the last of the line
+        const char* const behind = end + 1;
         end = delimiters_.Next();
-        if (end != last_field.data() + last_field.size() + 1) return false;
-        if (end != last_ && *end != '\n') return false;
+        if (end != behind || (end != last_ && *end != '\n')) return false;
       }
       at_ = end == last_ ? last_ : end + 1;
       return true;
     }
-    if (end == last_ || *end != separator_character_) return false;
+    if (ends_line) return false;
     field = end + 1;
   }
 }
 
-std::string_view RecordConverter::ReadAnyLine(double* cells) {
-  line_.assign(at_, std::find(at_, last_, '\n'));
-  at_ += std::min(line_.size() + 1, static_cast<std::size_t>(last_ - at_));
-  delimiters_.MoveTo(at_);
-
-  TextCleanup::ReplaceSeparator(line_, separator_);
-  const std::string_view line = Utf8::TrimBlanks(line_);
+/// Looks at the line again and says what is wrong with it: its width comes before its fields.
+void RecordConverter::RefuseLine() const {
+  std::string line(at_, std::find(at_, last_, '\n'));
+  TextCleanup::ReplaceSeparator(line, separator_);
+  const std::string_view trimmed = Utf8::TrimBlanks(line);
   std::string_view field;
   std::int64_t count = 0;
-  for (FieldCursor fields(line, " "); fields.Next(field);) ++count;
+  for (FieldCursor fields(trimmed, " "); fields.Next(field);) ++count;
   if (count != columns_) ParseErrors::RaiseColumnCount(line_number_);
-  std::int64_t column = 0;
-  for (FieldCursor fields(line, " "); fields.Next(field); ++column) {
-    if (!ParseNumber(field, decimal_, cells[column])) {
-      ParseErrors::RaiseInvalidField(field, line_number_, column + 1);
-    }
-  }
-  return field;
+  std::int64_t column = 1;
+  FieldCursor fields(trimmed, " ");
+  while (fields.Next(field) && IsNumeric(field, decimal_)) ++column;
+  ParseErrors::RaiseInvalidField(field, line_number_, column);
 }
 
 }  // namespace tslm5

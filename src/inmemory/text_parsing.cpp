@@ -74,7 +74,6 @@ void TextParsing::ParseString(std::string& text, std::int32_t separator, bool ha
       arguments == nullptr ? MakeParseEventArgs() : Ref<IParseEventArgs>(arguments);
   state_.is_ready = false;
   state_.has_labels = false;
-  state_.labels.clear();
   state_.data.reset();
   state_.replaced_missing_count = 0;
   state_.SetType(data_set_type);

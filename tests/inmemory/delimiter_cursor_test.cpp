@@ -50,17 +50,5 @@ TEST(DelimiterCursor, FindsEveryPlaceAtEveryLength) {
   }
 }
 
-TEST(DelimiterCursor, GoesOnWhereItIsMovedTo) {
-  std::string text;
-  for (int i = 0; i < 60; ++i) text += "1,2\n";
-  DelimiterCursor cursor(text, ',');
-  cursor.Next();
-  const char* const place = text.data() + 150;
-  cursor.MoveTo(place);
-  EXPECT_EQ(cursor.Next(), text.data() + 151);
-  cursor.MoveTo(text.data() + text.size());
-  EXPECT_EQ(cursor.Next(), text.data() + text.size());
-}
-
 }  // namespace
 }  // namespace tslm5

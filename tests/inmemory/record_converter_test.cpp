@@ -17,7 +17,8 @@ using Cells = std::vector<double>;
 /// The records of `rows` lines, one after the other.
 Cells Read(std::string_view text, std::string_view separator, std::int32_t columns,
            std::int32_t rows, char decimal = '.') {
-  RecordConverter converter(text, separator, columns, decimal);
+  const std::vector<char> bytes(text.begin(), text.end());  // nothing behind it may be read
+  RecordConverter converter({bytes.data(), bytes.size()}, separator, columns, decimal);
   Cells cells(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows), -1);
   for (std::int32_t row = 0; row < rows; ++row)
     converter.Next(&cells[static_cast<std::size_t>(row * columns)]);
@@ -68,7 +69,7 @@ TEST(RecordConverter, ShowsTheFieldThatIsNoNumber) {
               IsError(41011, "ParseString", "Sample 1 in row 1 is invalid: x"));
 }
 
-TEST(RecordConverter, GoesOnAfterALineThatWasReadStepByStep) {
+TEST(RecordConverter, TakesNumbersThatNeedTheCarefulWay) {
   std::string text;
   for (int i = 0; i < 40; ++i) text += "1e-320,2\n3,4\n";
   const Cells cells = Read(text, ",", 2, 80);

@@ -72,6 +72,18 @@ TEST_F(TextParsingEvents, FindTheSetReadyOnlyAfterTheLast) {
   EXPECT_TRUE(set_->IsReady());
 }
 
+TEST_F(TextParsingEvents, FindTheOldRecordsGone) {
+  set_.Parse("1,2\n3,4");
+  std::int32_t rows = -1;
+  events_->on_before_data_load = [&rows](IDataSet& sender, IParseEventArgs&) {
+    rows = sender.Rows();
+    Query<IIsDirty>(&sender)->put_IsDirty(false);
+  };
+  set_.Parse("5,6");
+  EXPECT_EQ(rows, 0);
+  EXPECT_TRUE(set_.IsDirty()) << "whatever a handler says";
+}
+
 TEST_F(TextParsingEvents, FindTheRecordsSoFar) {
   Lines seen;
   events_->on_record_parsed = [&](IRecordParsedEventArgs& record) {
