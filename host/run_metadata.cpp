@@ -17,6 +17,7 @@ void DeleteFrom(const RunSession& session, std::string_view table, std::string_v
 std::vector<std::string> LabelsOf(IDataSet& data_set) {
   std::vector<std::string> labels;
   const std::int32_t columns = data_set.Columns();
+  labels.reserve(static_cast<std::size_t>(columns));
   for (std::int32_t column = 0; column < columns; ++column) {
     labels.push_back(data_set.GetLabel(column));
   }
