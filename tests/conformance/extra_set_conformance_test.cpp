@@ -42,7 +42,9 @@ TEST_P(ExtraSetConformance, WritesAndReadsItsCells) {
 
 TEST_P(ExtraSetConformance, RaisesOutsideItself) {
   Fill();
-  for (const auto& [column, row] : {std::pair(2, 0), {-1, 0}, {0, -1}, {0, 3}}) {
+  for (const auto& place : {std::pair(2, 0), {-1, 0}, {0, -1}, {0, 3}}) {
+    const std::int32_t column = place.first;
+    const std::int32_t row = place.second;
     EXPECT_EQ(RaisedNumber([&] { extra_->GetItem(column, row); }), Means().absent_extra_cell_error);
     EXPECT_EQ(RaisedNumber([&] { extra_->SetItem(column, row, 1); }),
               Means().absent_extra_cell_error);

@@ -39,7 +39,9 @@ TEST(CellArray, KeepsRowsSideBySide) {
 
 TEST(CellArray, RefusesIndexesOutside) {
   CellArray cells(2, 3);
-  for (const auto& [row, column] : {std::pair(2, 0), {0, 3}, {-1, 0}, {0, -1}, {kSmallest, 0}}) {
+  for (const auto& place : {std::pair(2, 0), {0, 3}, {-1, 0}, {0, -1}, {kSmallest, 0}}) {
+    const std::int32_t row = place.first;
+    const std::int32_t column = place.second;
     EXPECT_EQ(RaisedNumber([&] { cells.Get(row, column); }), 9) << row << ' ' << column;
     EXPECT_EQ(RaisedNumber([&] { cells.Put(row, column, 1); }), 9) << row << ' ' << column;
   }

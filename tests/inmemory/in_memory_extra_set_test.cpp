@@ -48,7 +48,9 @@ TEST_F(InMemoryExtraSet, TakesTheColumnFirst) {
 }
 
 TEST_F(InMemoryExtraSet, RaisesOutsideItself) {
-  for (const auto& [column, row] : {std::pair(1, 0), {0, 5}, {-1, 0}, {0, -1}}) {
+  for (const auto& place : {std::pair(1, 0), {0, 5}, {-1, 0}, {0, -1}}) {
+    const std::int32_t column = place.first;
+    const std::int32_t row = place.second;
     EXPECT_THAT(Raised([&] { extra_->GetItem(column, row); }), IsSubscriptError());
     EXPECT_THAT(Raised([&] { extra_->SetItem(column, row, 1); }), IsSubscriptError());
   }

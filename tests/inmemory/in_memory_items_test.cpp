@@ -24,7 +24,9 @@ TEST(InMemoryItems, TakeTheColumnFirst) {
 
 TEST(InMemoryItems, RaiseOutsideTheData) {
   const MemorySet set("1,2,3\n4,5,6");
-  for (const auto& [column, row] : {std::pair(3, 0), {0, 2}, {-1, 0}, {0, -1}}) {
+  for (const auto& place : {std::pair(3, 0), {0, 2}, {-1, 0}, {0, -1}}) {
+    const std::int32_t column = place.first;
+    const std::int32_t row = place.second;
     EXPECT_THAT(Raised([&] { set->GetItem(column, row); }), IsSubscriptError());
   }
   EXPECT_THAT(Raised([] { MemorySet()->GetItem(0, 0); }), IsSubscriptError());
