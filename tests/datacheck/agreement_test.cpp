@@ -1,5 +1,5 @@
-// What the check passes, the load stores as exactly those numbers; what it refuses, it refuses in
-// the same words whatever the line ends are.
+// What the check passes, both dataset classes load as exactly those numbers; what it refuses, it
+// refuses in the same words whatever the line ends and the class are.
 
 #include <gtest/gtest.h>
 
@@ -15,6 +15,7 @@
 #include "datacheck/check_case.h"
 #include "datacheck/random_file.h"
 #include "datasetlite/data_set_lite.h"
+#include "inmemory/in_memory_set.h"
 #include "platform/raised.h"
 #include "storage/run_tables.h"
 #include "storage/test_run.h"
@@ -77,22 +78,27 @@ class CheckAndLoad : public testing::TestWithParam<const char*> {
       std::int32_t separator = file.separator;
       const std::string path = Write(file, crlf);
       results[crlf] = data_set_->IsValidDataSet(path, file.has_labels, separator, messages[crlf]);
+      std::string message_in_memory;
+      EXPECT_EQ(in_memory_->IsValidDataSet(path, file.has_labels, separator, message_in_memory),
+                results[crlf]);
+      EXPECT_EQ(message_in_memory, messages[crlf]);
     }
     EXPECT_EQ(results[0], results[1]);
     EXPECT_EQ(messages[0], messages[1]);
     return results[0];
   }
 
-  void Load(const RandomFile& file, bool crlf) {
-    data_set_->Parse(Write(file, crlf), file.separator, file.has_labels, data_set_type::kTraining,
-                     layout_code::kRecordsInRows);
+  void Load(IDataSet& set, const RandomFile& file, bool crlf) {
+    set.Parse(Write(file, crlf), file.separator, file.has_labels, data_set_type::kTraining,
+              layout_code::kRecordsInRows);
   }
 
-  Cells StoredCells() {
-    Cells cells(static_cast<std::size_t>(data_set_->Rows()));
+  static Cells CellsOf(IDataSet& set) {
+    Cells cells(static_cast<std::size_t>(set.Rows()));
+    const std::int32_t columns = set.Columns();
     for (std::size_t row = 0; row < cells.size(); ++row) {
-      for (std::int32_t column = 0; column < data_set_->Columns(); ++column) {
-        cells[row].push_back(data_set_->GetItem(column, static_cast<std::int32_t>(row)));
+      for (std::int32_t column = 0; column < columns; ++column) {
+        cells[row].push_back(set.GetItem(column, static_cast<std::int32_t>(row)));
       }
     }
     return cells;
@@ -107,14 +113,26 @@ class CheckAndLoad : public testing::TestWithParam<const char*> {
       SCOPED_TRACE("separator " + std::to_string(file.separator) +
                    (file.has_labels ? " with labels [" : " [") + file.text + "]");
       if (!Passes(file)) continue;
-      const Error error = Raised([&] { Load(file, i % 2 == 0); });
+      ExpectSameInMemory(file, i % 2 == 0);
+      const Error error = Raised([&] { Load(*data_set_, file, i % 2 == 0); });
       if (may_load_refuse && error.Number() != 0) continue;
       EXPECT_EQ(error.Number(), 0) << error.Description();
-      EXPECT_EQ(StoredCells(), PlainCells(file, Decimal()));
+      EXPECT_EQ(CellsOf(*data_set_), PlainCells(file, Decimal()));
       ++loaded;
     }
     return loaded;
   }
+
+  /// The class in memory has refusals of its own (a second separator anywhere, labels that are
+  /// none); what it takes, it takes as the same numbers.
+  void ExpectSameInMemory(const RandomFile& file, bool crlf) {
+    in_memory_ = MakeInMemorySet().As<IDataSet>();
+    if (RaisedNumber([&] { Load(*in_memory_, file, crlf); }) != 0) return;
+    EXPECT_EQ(CellsOf(*in_memory_), PlainCells(file, Decimal()));
+    ++kept_in_memory_;
+  }
+
+  int kept_in_memory_ = 0;
 
  private:
   std::string Write(const RandomFile& file, bool crlf) const {
@@ -128,12 +146,14 @@ class CheckAndLoad : public testing::TestWithParam<const char*> {
   TestRun run_;
   Ref<IUnknown> set_ = MakeDataSetLite();
   Ref<IDataSet> data_set_ = set_.As<IDataSet>();
+  Ref<IDataSet> in_memory_ = MakeInMemorySet().As<IDataSet>();
 };
 
 TEST_P(CheckAndLoad, AgreeOnEveryNumber) {
   const int loaded = ExpectAgreement({});
   EXPECT_GT(loaded, kFiles / 2);
   EXPECT_LT(loaded, kFiles * 9 / 10);
+  EXPECT_GT(kept_in_memory_, kFiles / 8);
 }
 
 // A doubled separator is one to the check and an empty value to the load, which then has a value
