@@ -1,7 +1,9 @@
+#include "host/check_command.h"
+
 #include <algorithm>
 
 #include "host/check_report.h"
-#include "host/commands.h"
+#include "host/common_options.h"
 #include "host/delimited_text.h"
 #include "host/file_check.h"
 #include "host/problem_list.h"
@@ -9,6 +11,14 @@
 
 namespace tslm5::host {
 namespace {
+
+constexpr const char* kCheckExamples =
+    "Examples:\n"
+    "  tslm5 check measurements.csv\n"
+    "  tslm5 check measurements.csv --all --max 100\n"
+    "  tslm5 check answers.csv --separator semicolon --problem classification --json\n"
+    "\n"
+    "Exit codes: 0 the file is valid, 1 it has problems, 2 wrong usage, 3 file trouble.\n";
 
 /// The text of the file. One that is empty or no text is for the check to refuse, in its words.
 std::string ReadTextForCheck(const std::string& file) {
@@ -45,6 +55,39 @@ ExitCode RunCheck(const CheckOptions& options, Output& output) {
   const CheckReport report{request, choice, answer, problems, options.all};
   output.Write(options.json ? CheckJson(report) : CheckText(report));
   return answer.is_valid ? ExitCode::kDone : ExitCode::kRefused;
+}
+
+void AddCheckCommand(CLI::App& app, Invocation& invocation) {
+  struct Words {
+    CheckOptions options;
+    std::string separator = "auto";
+    std::string problem = "regression";
+    bool no_labels = false;
+  };
+  CLI::App& check = *app.add_subcommand("check", "Check a delimited text file before it is loaded");
+  const auto words = std::make_shared<Words>();
+  check.add_option("FILE", words->options.file, "the text file")->required();
+  AddSeparator(check, words->separator);
+  check.add_flag("--no-labels", words->no_labels, "the first line is a record, not the labels");
+  AddProblem(check, words->problem,
+             "what the data are for (default regression); a classified response must be there "
+             "in every record");
+  CLI::Option* all =
+      check.add_flag("--all", words->options.all, "every problem, not the first alone");
+  check.add_option("--max", words->options.most_problems, "how many problems to show (default 20)")
+      ->check(CLI::NonNegativeNumber)
+      ->needs(all)
+      ->type_name("N");
+  AddJson(check, words->options.json);
+  check.footer(kCheckExamples);
+  const auto make = [words] {
+    CheckOptions options = words->options;
+    options.separator = FindSeparator(words->separator);
+    options.has_labels = !words->no_labels;
+    options.problem_category = ProblemCategory(words->problem);
+    return options;
+  };
+  WhenChosen(check, invocation, make, RunCheck);
 }
 
 }  // namespace tslm5::host

@@ -1,9 +1,11 @@
+#include "host/info_command.h"
+
 #include <fmt/format.h>
 
 #include <optional>
 #include <vector>
 
-#include "host/commands.h"
+#include "host/common_options.h"
 #include "host/json_text.h"
 #include "host/label_list.h"
 #include "host/run_history.h"
@@ -14,6 +16,11 @@
 
 namespace tslm5::host {
 namespace {
+
+constexpr const char* kInfoExamples =
+    "Examples:\n"
+    "  tslm5 info flowers.db\n"
+    "  tslm5 info flowers.db --json\n";
 
 struct SetInfo {
   const char* name;
@@ -80,6 +87,16 @@ void RunInfo(const InfoOptions& options, Output& output) {
   const std::vector<SetInfo> sets = ReadSets(session);
   output.Write(options.json ? InfoJson(options.run, version, sets)
                             : InfoText(options.run, version, sets));
+}
+
+void AddInfoCommand(CLI::App& app, Invocation& invocation) {
+  CLI::App& info = *app.add_subcommand("info", "Tell what a run holds");
+  const auto words = std::make_shared<InfoOptions>();
+  AddRun(info, words->run);
+  AddJson(info, words->json);
+  info.footer(kInfoExamples);
+  const auto make = [words] { return InfoOptions{RunName(words->run), words->json}; };
+  WhenChosen(info, invocation, make, RunInfo);
 }
 
 }  // namespace tslm5::host

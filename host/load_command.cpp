@@ -1,3 +1,5 @@
+#include "host/load_command.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -5,7 +7,6 @@
 
 #include "host/cell_survey.h"
 #include "host/check_report.h"
-#include "host/commands.h"
 #include "host/delimited_text.h"
 #include "host/failure.h"
 #include "host/file_check.h"

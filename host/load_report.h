@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/cell_survey.h"
-#include "host/options.h"
+#include "host/load_command.h"
 #include "host/store_set.h"
 
 namespace tslm5::host {

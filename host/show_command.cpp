@@ -1,8 +1,10 @@
+#include "host/show_command.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
 
-#include "host/commands.h"
+#include "host/common_options.h"
 #include "host/failure.h"
 #include "host/label_list.h"
 #include "host/record_output.h"
@@ -12,6 +14,14 @@
 
 namespace tslm5::host {
 namespace {
+
+constexpr const char* kShowExamples =
+    "Examples:\n"
+    "  tslm5 show flowers.db --rows 1:10\n"
+    "  tslm5 show flowers.db --columns petal_length,species --format csv\n"
+    "  tslm5 show flowers.db --set testing --rows 101: --json\n"
+    "\n"
+    "A table shows the first 20 rows unless --rows asks for others; csv and json show all.\n";
 
 constexpr std::int32_t kRowsOfATable = 20;
 
@@ -64,6 +74,46 @@ void RunShow(const ShowOptions& options, Output& output) {
       WriteJson(selection, output);
       break;
   }
+}
+
+void AddShowCommand(CLI::App& app, Invocation& invocation) {
+  struct Words {
+    ShowOptions options;
+    std::string set = "training";
+    std::string rows;
+    std::string format;
+    bool json = false;
+  };
+  CLI::App& show = *app.add_subcommand("show", "Print the records of a set");
+  const auto words = std::make_shared<Words>();
+  AddRun(show, words->options.run);
+  std::vector<std::string> names;
+  for (const SetName& set : kSets) names.emplace_back(set.name);
+  show.add_option("--set", words->set, "the set to print (default training)")
+      ->check(CLI::IsMember(names))
+      ->type_name("SET");
+  const CLI::Option* rows =
+      show.add_option("--rows", words->rows, "A:B, A:, :B or A; counted from 1, both ends included")
+          ->type_name("RANGE");
+  show.add_option("--columns", words->options.columns,
+                  "labels, or d0, d1, ...; separated by commas")
+      ->type_name("LABEL,...")
+      ->allow_extra_args(false);
+  CLI::Option* format = show.add_option("--format", words->format, "how to print (default table)")
+                            ->check(CLI::IsMember({"table", "csv", "json"}))
+                            ->type_name("NAME");
+  show.add_flag("--json", words->json, "the same as --format json")->excludes(format);
+  show.footer(kShowExamples);
+  const auto make = [words, rows] {
+    ShowOptions options = words->options;
+    options.run = RunName(options.run);
+    options.set = FindSet(words->set);
+    if (rows->count() > 0) options.rows = ParseRowRange(words->rows);
+    if (words->format == "csv") options.format = ShowOptions::Format::kCsv;
+    if (words->format == "json" || words->json) options.format = ShowOptions::Format::kJson;
+    return options;
+  };
+  WhenChosen(show, invocation, make, RunShow);
 }
 
 }  // namespace tslm5::host

@@ -1,7 +1,9 @@
+#include "host/stats_command.h"
+
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include "host/commands.h"
+#include "host/common_options.h"
 #include "host/failure.h"
 #include "host/run_metadata.h"
 #include "host/run_session.h"
@@ -11,6 +13,13 @@
 
 namespace tslm5::host {
 namespace {
+
+constexpr const char* kStatsExamples =
+    "Examples:\n"
+    "  tslm5 stats flowers.db\n"
+    "  tslm5 stats flowers.db --set testing --by-class --json\n"
+    "\n"
+    "Figures by class are kept for a response of at most two values.\n";
 
 constexpr int kHistogramBins = 16;
 
@@ -58,6 +67,27 @@ void RunStats(const StatsOptions& options, Output& output) {
     }
   }
   output.Write(StatsText(report));
+}
+
+void AddStatsCommand(CLI::App& app, Invocation& invocation) {
+  struct Words {
+    StatsOptions options;
+    std::string set = "training";
+  };
+  CLI::App& stats = *app.add_subcommand("stats", "Print the statistics of a set's columns");
+  const auto words = std::make_shared<Words>();
+  AddRun(stats, words->options.run);
+  AddDataSet(stats, words->set, "the set to describe");
+  stats.add_flag("--by-class", words->options.by_class, "the same for each class of the response");
+  AddJson(stats, words->options.json);
+  stats.footer(kStatsExamples);
+  const auto make = [words] {
+    StatsOptions options = words->options;
+    options.run = RunName(options.run);
+    options.set = FindSet(words->set);
+    return options;
+  };
+  WhenChosen(stats, invocation, make, RunStats);
 }
 
 }  // namespace tslm5::host

@@ -7,7 +7,7 @@
 
 #include "host/cell_survey.h"
 #include "host/delimited_text.h"
-#include "host/options.h"
+#include "host/load_command.h"
 
 namespace tslm5::host {
 

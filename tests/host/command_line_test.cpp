@@ -1,4 +1,4 @@
-#include "host/options.h"
+#include "host/command_line.h"
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "host/failure.h"
+#include "host/load_command.h"
+#include "host/show_command.h"
 
 namespace tslm5::host {
 namespace {
@@ -26,8 +28,9 @@ std::string UsageOf(std::initializer_list<const char*> words) {
   return "taken";
 }
 
-TEST(Options, LoadHasDefaults) {
-  const auto options = std::get<LoadOptions>(Parsed({"load", "f.csv", "--run", "r.db"}));
+TEST(CommandLine, LoadHasDefaults) {
+  const auto options =
+      std::any_cast<LoadOptions>(Parsed({"load", "f.csv", "--run", "r.db"}).options);
   EXPECT_EQ(options.file, "f.csv");
   EXPECT_EQ(options.run, "r.db");
   EXPECT_EQ(options.set->type, data_set_type::kTraining);
@@ -37,10 +40,11 @@ TEST(Options, LoadHasDefaults) {
   EXPECT_FALSE(options.json);
 }
 
-TEST(Options, LoadTakesEveryOption) {
-  const auto options =
-      std::get<LoadOptions>(Parsed({"load", "--run=r.db", "--set", "testing", "--separator", "bar",
-                                    "--no-labels", "--layout", "columns", "--json", "f.csv"}));
+TEST(CommandLine, LoadTakesEveryOption) {
+  const auto options = std::any_cast<LoadOptions>(
+      Parsed({"load", "--run=r.db", "--set", "testing", "--separator", "bar", "--no-labels",
+              "--layout", "columns", "--json", "f.csv"})
+          .options);
   EXPECT_EQ(options.set->type, data_set_type::kTesting);
   EXPECT_EQ(options.separator->code, separator_code::kBar);
   EXPECT_FALSE(options.has_labels);
@@ -48,10 +52,11 @@ TEST(Options, LoadTakesEveryOption) {
   EXPECT_TRUE(options.json);
 }
 
-TEST(Options, ShowTakesEveryOption) {
-  const auto options =
-      std::get<ShowOptions>(Parsed({"show", "r.db", "--set", "time-series-testing", "--rows", "2:5",
-                                    "--columns", "a,b", "--columns", "c", "--format", "csv"}));
+TEST(CommandLine, ShowTakesEveryOption) {
+  const auto options = std::any_cast<ShowOptions>(
+      Parsed({"show", "r.db", "--set", "time-series-testing", "--rows", "2:5", "--columns", "a,b",
+              "--columns", "c", "--format", "csv"})
+          .options);
   EXPECT_EQ(options.run, "r.db");
   EXPECT_EQ(options.set->type, data_set_type::kTimeSeriesTesting);
   EXPECT_EQ(options.rows.first, 2);
@@ -60,14 +65,15 @@ TEST(Options, ShowTakesEveryOption) {
   EXPECT_EQ(options.format, ShowOptions::Format::kCsv);
 }
 
-TEST(Options, JsonIsAFormatOfShow) {
-  EXPECT_EQ(std::get<ShowOptions>(Parsed({"show", "r.db"})).format, ShowOptions::Format::kTable);
-  EXPECT_EQ(std::get<ShowOptions>(Parsed({"show", "r.db", "--json"})).format,
+TEST(CommandLine, JsonIsAFormatOfShow) {
+  EXPECT_EQ(std::any_cast<ShowOptions>(Parsed({"show", "r.db"}).options).format,
+            ShowOptions::Format::kTable);
+  EXPECT_EQ(std::any_cast<ShowOptions>(Parsed({"show", "r.db", "--json"}).options).format,
             ShowOptions::Format::kJson);
   EXPECT_NE(UsageOf({"show", "r.db", "--json", "--format", "csv"}), "taken");
 }
 
-TEST(Options, WrongUsageIsNamed) {
+TEST(CommandLine, WrongUsageIsNamed) {
   EXPECT_EQ(UsageOf({"load", "f"}), "--run is required (see tslm5 load --help)");
   EXPECT_EQ(UsageOf({"frob"}).find("there is no command \"frob\"; the commands are "), 0U);
   EXPECT_EQ(UsageOf({"load", "f", "--run", ":memory:"}),
@@ -81,13 +87,14 @@ TEST(Options, WrongUsageIsNamed) {
   EXPECT_NE(UsageOf({"load", "f", "g", "--run", "r"}), "taken");
 }
 
-TEST(Options, HelpHasExamples) {
+TEST(CommandLine, HelpHasExamples) {
   for (const char* command : {"load", "info", "show"}) {
-    const std::string text = std::get<HelpText>(Parsed({command, "--help"})).text;
+    const std::string text = std::any_cast<std::string>(Parsed({command, "--help"}).options);
     EXPECT_NE(text.find("Examples:\n  tslm5 " + std::string(command)), std::string::npos) << text;
   }
-  EXPECT_NE(std::get<HelpText>(Parsed({"--help"})).text.find("Examples:"), std::string::npos);
-  EXPECT_TRUE(std::get<HelpText>(Parsed({"--version"})).text.starts_with("tslm5 "));
+  EXPECT_NE(std::any_cast<std::string>(Parsed({"--help"}).options).find("Examples:"),
+            std::string::npos);
+  EXPECT_TRUE(std::any_cast<std::string>(Parsed({"--version"}).options).starts_with("tslm5 "));
 }
 
 TEST(RowRange, IsReadFromItsFourForms) {

@@ -1,0 +1,86 @@
+#include "host/command_line.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "host/check_command.h"
+#include "host/info_command.h"
+#include "host/load_command.h"
+#include "host/show_command.h"
+#include "host/shown_text.h"
+#include "host/stats_command.h"
+
+namespace tslm5::host {
+namespace {
+
+// One line a command, in the order in which the help tells them.
+constexpr AddCommand kCommands[] = {
+    AddCheckCommand,  //
+    AddLoadCommand,   //
+    AddInfoCommand,   //
+    AddShowCommand,   //
+    AddStatsCommand,  //
+};
+
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  tslm5 check prices.csv\n"
+    "  tslm5 load prices.csv --run prices.db\n"
+    "  tslm5 info prices.db\n"
+    "  tslm5 show prices.db --rows 1:5\n"
+    "  tslm5 stats prices.db\n"
+    "\n"
+    "Exit codes: 0 done, 1 the data were refused, 2 wrong usage, 3 file or database trouble,\n"
+    "130 interrupted. `tslm5 COMMAND --help` tells the options of a command.\n";
+
+/// A first word that is no command would only be called an excess one.
+void RequireKnownCommand(CLI::App& app, int argc, const char* const* argv) {
+  if (argc < 2 || *argv[1] == '-') return;
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
+  if (std::find(names.begin(), names.end(), argv[1]) != names.end()) return;
+  throw Failure(ExitCode::kUsage,
+                fmt::format("there is no command {}; the commands are {} (see tslm5 --help)",
+                            Quoted(argv[1]), fmt::join(names, ", ")));
+}
+
+Invocation Telling(std::string text) {
+  Invocation invocation;
+  invocation.options = text;
+  invocation.run = [text](Output& output) {
+    output.Write(text);
+    return ExitCode::kDone;
+  };
+  return invocation;
+}
+
+}  // namespace
+
+Invocation ParseCommandLine(int argc, const char* const* argv) {
+  CLI::App app("Checks delimited data, loads it into a run database and shows what it holds.",
+               "tslm5");
+  app.set_version_flag("--version", "tslm5 " TSLM5_VERSION);
+  app.require_subcommand(1);
+  app.footer(kExamples);
+  Invocation invocation;
+  for (const AddCommand add : kCommands) add(app, invocation);
+  RequireKnownCommand(app, argc, argv);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return Telling(app.help());
+  } catch (const CLI::CallForVersion& version) {
+    return Telling(fmt::format("{}\n", version.what()));
+  } catch (const CLI::ParseError& error) {
+    const auto chosen = app.get_subcommands();
+    const std::string command = chosen.empty() ? "" : chosen.front()->get_name() + " ";
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} (see tslm5 {}--help)", Escaped(error.what()), command));
+  }
+  return invocation;
+}
+
+}  // namespace tslm5::host

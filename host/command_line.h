@@ -1,0 +1,14 @@
+#ifndef TSLM5_HOST_COMMAND_LINE_H_
+#define TSLM5_HOST_COMMAND_LINE_H_
+
+#include "host/invocation.h"
+
+namespace tslm5::host {
+
+/// What the command line asks for: a command, or the text of the help or the version (whose options
+/// are that text, a `std::string`). Raises `Failure`, wrong usage.
+Invocation ParseCommandLine(int argc, const char* const* argv);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_COMMAND_LINE_H_

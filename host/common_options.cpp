@@ -1,0 +1,52 @@
+#include "host/common_options.h"
+
+#include <fmt/format.h>
+
+#include "host/failure.h"
+#include "host/shown_text.h"
+#include "tslm5/contracts/codes.h"
+
+namespace tslm5::host {
+
+void AddRun(CLI::App& command, std::string& run) {
+  command.add_option("RUN", run, "the run database")->required();
+}
+
+void AddDataSet(CLI::App& command, std::string& set, const std::string& purpose) {
+  command.add_option("--set", set, purpose + " (default training)")
+      ->check(CLI::IsMember({"training", "testing"}))
+      ->type_name("SET");
+}
+
+void AddSeparator(CLI::App& command, std::string& separator) {
+  command
+      .add_option("--separator", separator, "what stands between fields (default auto: found out)")
+      ->check(CLI::IsMember({"auto", "none", "space", "tab", "comma", "semicolon", "bar"}))
+      ->type_name("NAME");
+}
+
+void AddProblem(CLI::App& command, std::string& problem, const std::string& purpose) {
+  command.add_option("--problem", problem, purpose)
+      ->check(CLI::IsMember({"regression", "classification", "timeseries", "binary"}))
+      ->type_name("NAME");
+}
+
+CLI::Option* AddJson(CLI::App& command, bool& json) {
+  return command.add_flag("--json", json, "print one JSON object");
+}
+
+std::int32_t ProblemCategory(const std::string& name) {
+  if (name == "classification") return problem_category::kClassification;
+  if (name == "timeseries") return problem_category::kTimeSeries;
+  if (name == "binary") return problem_category::kBinary;
+  return problem_category::kRegression;
+}
+
+std::string RunName(const std::string& run) {
+  if (!run.empty() && !run.starts_with(':') && !run.starts_with("file:")) return run;
+  throw Failure(
+      ExitCode::kUsage,
+      fmt::format("{} names no file; the path of a run database was expected", Quoted(run)));
+}
+
+}  // namespace tslm5::host
