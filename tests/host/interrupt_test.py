@@ -67,6 +67,12 @@ class InterruptTest(HostCase):
         self.assertTrue(shown.endswith(b" cancelled\r\n"), shown[-200:])
         self.assertEqual(dump(self.run_path), self.before)
 
+    def test_while_the_statistics_are_computed(self):
+        code, output, shown = self.at_terminal(self.run_path, b"Statistics [")
+        self.assertEqual((code, output), (130, b""))
+        self.assertTrue(shown.endswith(b" cancelled\r\n"), shown[-200:])
+        self.assertEqual(dump(self.run_path), self.before)
+
     def test_a_new_run_is_not_left_behind(self):
         run = self.folder / "new.db"
         process = self.start(run, subprocess.PIPE)
