@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/check_command.h"
+#include "host/history_command.h"
 #include "host/info_command.h"
 #include "host/load_command.h"
 #include "host/show_command.h"
@@ -18,11 +19,12 @@ namespace {
 
 // One line a command, in the order in which the help tells them.
 constexpr AddCommand kCommands[] = {
-    AddCheckCommand,  //
-    AddLoadCommand,   //
-    AddInfoCommand,   //
-    AddShowCommand,   //
-    AddStatsCommand,  //
+    AddCheckCommand,    //
+    AddLoadCommand,     //
+    AddInfoCommand,     //
+    AddShowCommand,     //
+    AddStatsCommand,    //
+    AddHistoryCommand,  //
 };
 
 constexpr const char* kExamples =

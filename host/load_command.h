@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "host/invocation.h"
 #include "host/separators.h"
@@ -25,6 +26,9 @@ struct LoadOptions {
 
 /// `tslm5 load`.
 void AddLoadCommand(CLI::App& app, Invocation& invocation);
+
+/// The words of the command line that loads the same again, `separator` having been found out.
+std::vector<std::string> LoadWords(const LoadOptions& options, const Separator& separator);
 
 void RunLoad(const LoadOptions& options, Output& output);
 

@@ -1,8 +1,11 @@
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "host/common_options.h"
 #include "host/load_command.h"
+#include "host/run_history.h"
 
 namespace tslm5::host {
 namespace {
@@ -46,7 +49,25 @@ LoadOptions MakeOptions(const Words& words) {
   return options;
 }
 
+std::string AbsolutePath(const std::string& path) {
+  return std::filesystem::absolute(path).lexically_normal().string();
+}
+
 }  // namespace
+
+std::vector<std::string> LoadWords(const LoadOptions& options, const Separator& separator) {
+  std::vector<std::string> words = {"load", AbsolutePath(options.file), "--run",
+                                    std::string(kRunWord)};
+  words.insert(words.end(), {"--set", options.set->name});
+  words.insert(words.end(), {"--separator", separator.name});
+  if (!options.has_labels) words.emplace_back("--no-labels");
+  if (options.layout == layout_code::kRecordsInColumns) {
+    words.insert(words.end(), {"--layout", "columns"});
+  }
+  if (!options.checks) words.emplace_back("--no-check");
+  if (!options.statistics) words.emplace_back("--no-stats");
+  return words;
+}
 
 void AddLoadCommand(CLI::App& app, Invocation& invocation) {
   CLI::App& load = *app.add_subcommand("load", "Load a delimited text file into a run");

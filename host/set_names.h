@@ -30,6 +30,14 @@ constexpr const SetName* FindSet(std::string_view name) {
   return nullptr;
 }
 
+/// The set of type `type`; nullptr when it is none of a run's.
+constexpr const SetName* FindSet(std::int32_t type) {
+  for (const SetName& set : kSets) {
+    if (type == set.type) return &set;
+  }
+  return nullptr;
+}
+
 }  // namespace tslm5::host
 
 #endif  // TSLM5_HOST_SET_NAMES_H_

@@ -124,6 +124,7 @@ void NoteLoad(const RunSession& session, const LoadOptions& options, const Delim
   entry.command = "load";
   entry.set = options.set->type;
   entry.file = std::filesystem::absolute(options.file).lexically_normal().string();
+  entry.words = LoadWords(options, *text.separator);
   const nlohmann::ordered_json parameters = {{"separator", text.separator->name},
                                              {"labels", text.has_label_line},
                                              {"layout", text.is_transposed ? "columns" : "rows"},

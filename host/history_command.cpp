@@ -1,0 +1,118 @@
+#include "host/history_command.h"
+
+#include <fmt/format.h>
+
+#include <vector>
+
+#include "host/common_options.h"
+#include "host/json_text.h"
+#include "host/run_history.h"
+#include "host/run_session.h"
+#include "host/set_names.h"
+#include "host/shell_words.h"
+#include "host/shown_text.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr const char* kHistoryExamples =
+    "Examples:\n"
+    "  tslm5 history flowers.db\n"
+    "  tslm5 history flowers.db --json\n"
+    "\n"
+    "What was done to the run, the first step first. The last line of a step is the command that\n"
+    "does it again.\n";
+
+std::string SetText(std::int32_t type) {
+  if (type == data_set_type::kCombined) return "training and testing";
+  const SetName* set = FindSet(type);
+  return set == nullptr ? "" : set->name;
+}
+
+/// The words of a load that noted none.
+std::vector<std::string> WordsOfLoad(const HistoryEntry& entry,
+                                     const nlohmann::ordered_json& parameters) {
+  std::vector<std::string> words = {"load", entry.file, "--run", std::string(kRunWord)};
+  words.insert(words.end(), {"--set", SetText(entry.set)});
+  words.insert(words.end(), {"--separator", parameters.value("separator", "auto")});
+  if (!parameters.value("labels", true)) words.emplace_back("--no-labels");
+  words.insert(words.end(), {"--layout", parameters.value("layout", "rows")});
+  return words;
+}
+
+/// "" for a step that cannot be told as a command.
+std::string CommandLine(const HistoryEntry& entry, const nlohmann::ordered_json& parameters,
+                        const std::string& run) {
+  std::vector<std::string> words = entry.words;
+  if (words.empty() && entry.command == "load") words = WordsOfLoad(entry, parameters);
+  if (words.empty()) return {};
+  for (std::string& word : words) {
+    if (word == kRunWord) word = run;
+  }
+  words.insert(words.begin(), "tslm5");
+  return ShellLine(words);
+}
+
+nlohmann::ordered_json ParametersOf(const HistoryEntry& entry) {
+  return nlohmann::ordered_json::parse(entry.parameters);
+}
+
+std::string ValueText(const nlohmann::ordered_json& value) {
+  return Cut(value.is_string() ? value.get<std::string>() : value.dump());
+}
+
+std::string HistoryText(const std::string& run, const std::vector<HistoryEntry>& entries) {
+  std::string text = fmt::format("{}: {} {}\n", Escaped(run), entries.size(),
+                                 entries.size() == 1 ? "step" : "steps");
+  std::size_t number = 0;
+  for (const HistoryEntry& entry : entries) {
+    text += fmt::format("\n{}  {}  {}", ++number, Escaped(entry.time), Escaped(entry.command));
+    if (entry.set != 0) text += fmt::format("  {} set", SetText(entry.set));
+    text += '\n';
+    if (!entry.file.empty()) text += fmt::format("   file: {}\n", Escaped(entry.file));
+    const nlohmann::ordered_json parameters = ParametersOf(entry);
+    for (const auto& [name, value] : parameters.items()) {
+      text += fmt::format("   {}: {}\n", Escaped(name), ValueText(value));
+    }
+    const std::string line = CommandLine(entry, parameters, run);
+    if (!line.empty()) text += fmt::format("   {}\n", line);
+  }
+  return text;
+}
+
+std::string HistoryJson(const std::string& run, const std::vector<HistoryEntry>& entries) {
+  nlohmann::ordered_json list = nlohmann::ordered_json::array();
+  for (const HistoryEntry& entry : entries) {
+    const nlohmann::ordered_json parameters = ParametersOf(entry);
+    const std::string line = CommandLine(entry, parameters, run);
+    nlohmann::ordered_json one = {{"time", entry.time},       {"command", entry.command},
+                                  {"set", nullptr},           {"file", nullptr},
+                                  {"parameters", parameters}, {"commandLine", nullptr}};
+    if (entry.set != 0) one["set"] = SetText(entry.set);
+    if (!entry.file.empty()) one["file"] = entry.file;
+    if (!line.empty()) one["commandLine"] = line;
+    list.push_back(std::move(one));
+  }
+  return JsonText({{"run", run}, {"steps", std::move(list)}});
+}
+
+}  // namespace
+
+void RunHistory(const HistoryOptions& options, Output& output) {
+  const RunSession session(options.run, RunOptions::Mode::kReadOnly);
+  const std::vector<HistoryEntry> entries = ReadHistory(session);
+  output.Write(options.json ? HistoryJson(options.run, entries)
+                            : HistoryText(options.run, entries));
+}
+
+void AddHistoryCommand(CLI::App& app, Invocation& invocation) {
+  CLI::App& history = *app.add_subcommand("history", "Tell what was done to a run, step by step");
+  const auto words = std::make_shared<HistoryOptions>();
+  AddRun(history, words->run);
+  AddJson(history, words->json);
+  history.footer(kHistoryExamples);
+  const auto make = [words] { return HistoryOptions{RunName(words->run), words->json}; };
+  WhenChosen(history, invocation, make, RunHistory);
+}
+
+}  // namespace tslm5::host

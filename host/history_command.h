@@ -1,0 +1,22 @@
+#ifndef TSLM5_HOST_HISTORY_COMMAND_H_
+#define TSLM5_HOST_HISTORY_COMMAND_H_
+
+#include <string>
+
+#include "host/invocation.h"
+
+namespace tslm5::host {
+
+struct HistoryOptions {
+  std::string run;
+  bool json = false;
+};
+
+/// `tslm5 history`.
+void AddHistoryCommand(CLI::App& app, Invocation& invocation);
+
+void RunHistory(const HistoryOptions& options, Output& output);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_HISTORY_COMMAND_H_

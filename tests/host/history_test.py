@@ -1,0 +1,96 @@
+"""`tslm5 history`: what was done to a run, and the commands that do it again."""
+
+import json
+import subprocess
+import unittest
+from pathlib import Path
+
+from host_case import PROGRAM, HostCase, change, dump, query
+
+
+class HistoryTest(HostCase):
+    def steps(self):
+        printed = self.done("history", self.run_path, "--json")
+        answer = json.loads(printed)
+        self.assertEqual(answer["run"], str(self.run_path))
+        return answer["steps"]
+
+    def repeat(self, line, run):
+        """Lets a shell run a command line of the history, into another run."""
+        line = line.replace(str(self.run_path), str(run))
+        line = line.replace("tslm5 ", PROGRAM + " ", 1)
+        result = subprocess.run(
+            ["bash", "-c", line], capture_output=True, text=True, check=False, cwd="/"
+        )
+        self.assertEqual((result.returncode, result.stderr), (0, ""), line)
+
+    def content(self, run):
+        return [line for line in dump(run) if "RunHistory" not in line]
+
+    def test_tells_a_load_in_words(self):
+        self.load("a,b\n1,2\n3,4\n", name="odd name.csv")
+        time = query(self.run_path, "SELECT Time FROM RunHistory")[0][0]
+        text = self.done("history", self.run_path)
+        lines = text.splitlines()
+        self.assertEqual(lines[0], f"{self.run_path}: 1 step")
+        self.assertEqual(lines[2], f"1  {time}  load  training set")
+        self.assertEqual(lines[3], f"   file: {self.folder}/odd name.csv")
+        self.assertIn("   separator: comma", lines)
+        self.assertIn("   rows: 2", lines)
+        self.assertTrue(lines[-1].startswith(f"   tslm5 load '{self.folder}/odd name.csv' --run "))
+
+    def test_the_lines_do_it_again(self):
+        self.load("1;2\n3;4\n", "--no-labels", name="odd $name's.csv")
+        self.load("5;6\n", "--set", "testing", "--no-labels", "--separator", "semicolon",
+                  name="testing.csv")
+        steps = self.steps()
+        self.assertEqual([step["set"] for step in steps], ["training", "testing"])
+        again = self.folder / "again.db"
+        for step in steps:
+            self.repeat(step["commandLine"], again)
+        self.assertEqual(self.content(again), self.content(self.run_path))
+
+    def test_a_load_that_noted_no_words_is_told_by_its_parameters(self):
+        self.load("1,2\n3,4\n", "--no-labels")
+        change(
+            self.run_path,
+            "UPDATE RunHistory SET Parameters = "
+            """'{"separator":"comma","labels":false,"layout":"rows","rows":2,"columns":2}'""",
+        )
+        step = self.steps()[0]
+        self.assertEqual(
+            step["commandLine"],
+            f"tslm5 load {self.folder}/data.csv --run {self.run_path} --set training "
+            "--separator comma --no-labels --layout rows",
+        )
+        self.assertEqual(step["parameters"]["rows"], 2)
+
+    def test_a_step_of_another_program_is_told_without_a_line(self):
+        self.load("a,b\n1,2\n")
+        change(
+            self.run_path,
+            "INSERT INTO RunHistory VALUES (NULL, 'then', 'mend\x1b', 0, '', 'no object')",
+        )
+        step = self.steps()[1]
+        self.assertEqual(
+            step,
+            {"time": "then", "command": "mend\x1b", "set": None, "file": None, "parameters": {},
+             "commandLine": None},
+        )
+        text = self.done("history", self.run_path)
+        self.assertTrue(text.endswith("\n2  then  mend\\u{001B}\n"), text[-80:])
+
+    def test_a_run_without_history(self):
+        self.load("a,b\n1,2\n")
+        change(self.run_path, "DROP TABLE RunHistory")
+        self.assertEqual(self.steps(), [])
+        self.assertEqual(self.done("history", self.run_path), f"{self.run_path}: 0 steps\n")
+
+    def test_no_run(self):
+        absent = self.folder / "absent.db"
+        self.assertEqual(self.program("history", absent).returncode, 3)
+        self.assertFalse(Path(absent).exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
