@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/check_command.h"
+#include "host/components_command.h"
 #include "host/history_command.h"
 #include "host/info_command.h"
 #include "host/load_command.h"
@@ -19,12 +20,17 @@ namespace {
 
 // One line a command, in the order in which the help tells them.
 constexpr AddCommand kCommands[] = {
-    AddCheckCommand,    //
-    AddLoadCommand,     //
-    AddInfoCommand,     //
-    AddShowCommand,     //
-    AddStatsCommand,    //
-    AddHistoryCommand,  //
+    // clang-format off
+    AddCheckCommand,
+    AddLoadCommand,
+    AddInfoCommand,
+    AddShowCommand,
+    AddStatsCommand,
+    AddHistoryCommand,
+    AddRegisterCommand,
+    AddUnregisterCommand,
+    AddComponentsCommand,
+    // clang-format on
 };
 
 constexpr const char* kExamples =

@@ -35,6 +35,9 @@ NEVER = {
     ("datacheck", "storage"): "the check does not know where the data will be kept",
 }
 
+# What loads a library and finds its registration has no standard header.
+LOADING_FOLDER = "include/tslm5/component/"
+LOADING_HEADERS = {"dlfcn.h", "unistd.h"}
 SQLITE_HEADERS = {"sqlite3.h", "sqlite3ext.h"}
 SQLITE_FOLDERS = ("src/engine/", "tests/engine/", "bench/")
 
@@ -147,6 +150,8 @@ def check_include(root: Path, path: str, name: str, quoted: bool) -> Optional[st
         return "only src/engine/ knows SQLite"
     source = place_of(path)
     target = target_of(root, path, name, quoted)
+    if path.startswith(LOADING_FOLDER) and name in LOADING_HEADERS:
+        return None
     if source.kind == "public" and target.kind == "foreign" and not STANDARD_HEADER.fullmatch(name):
         return "a public header needs nothing but the standard library"
     return reason_against(source, target)

@@ -1,5 +1,7 @@
 #include "component/class_objects.h"
 
+#include <atomic>
+
 #include "contracts/event_args_objects.h"
 #include "datasetlite/data_set_lite.h"
 #include "inmemory/in_memory_set.h"
@@ -12,18 +14,23 @@ namespace {
 using Make = Ref<IUnknown> (*)();
 
 struct PublicClass {
+  std::string_view name;
   Uuid id;
   Make make;
 };
 
-// One line a class: its identifier and the one function that makes its objects.
+// One line a class: its name, its identifier and the one function that makes its objects.
 constexpr PublicClass kClasses[] = {
-    {class_id::kDataSetLite, MakeDataSetLite},
-    {class_id::kInMemorySet, MakeInMemorySet},
-    {class_id::kParseEventArgs, [] { return Ref<IUnknown>(MakeParseEventArgs()); }},
-    {class_id::kRecordParsedEventArgs, [] { return Ref<IUnknown>(MakeRecordParsedEventArgs()); }},
-    {class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},
+    {"DataSetLite", class_id::kDataSetLite, MakeDataSetLite},
+    {"InMemorySet", class_id::kInMemorySet, MakeInMemorySet},
+    {"ParseEventArgs", class_id::kParseEventArgs,
+     [] { return Ref<IUnknown>(MakeParseEventArgs()); }},
+    {"RecordParsedEventArgs", class_id::kRecordParsedEventArgs,
+     [] { return Ref<IUnknown>(MakeRecordParsedEventArgs()); }},
+    {"RunSchema", class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},
 };
+
+std::atomic<std::int64_t> server_locks{0};
 
 class ClassObject final : public CountedObject<IClassFactory> {
  public:
@@ -31,6 +38,15 @@ class ClassObject final : public CountedObject<IClassFactory> {
 
   std::string_view TypeName() override { return "ClassObject"; }
   Ref<IUnknown> CreateInstance() override { return make_(); }
+  void LockServer(bool pLock) override {
+    if (pLock) {
+      ++server_locks;
+      return;
+    }
+    std::int64_t held = server_locks;
+    while (held > 0 && !server_locks.compare_exchange_weak(held, held - 1)) {
+    }
+  }
 
  private:
   ~ClassObject() override = default;
@@ -45,6 +61,16 @@ Ref<IClassFactory> MakeClassObject(const Uuid& id) {
     if (entry.id == id) return MakeObject<ClassObject>(entry.make);
   }
   return nullptr;
+}
+
+std::int64_t ServerLocks() {
+  return server_locks;
+}
+
+std::vector<PublicClassName> PublicClassNames() {
+  std::vector<PublicClassName> names;
+  for (const PublicClass& entry : kClasses) names.push_back({entry.name, entry.id});
+  return names;
 }
 
 }  // namespace tslm5

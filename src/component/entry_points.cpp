@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "component/class_objects.h"
+#include "component/registration_file.h"
 #include "tslm5/platform/live_objects.h"
 
 namespace {
@@ -31,5 +32,21 @@ int32_t DllGetClassObject(const void* class_id, const void* interface_id, void**
 }
 
 int32_t DllCanUnloadNow(void) {
-  return tslm5::LiveObjects::Count() == 0 ? TSLM5_OK : TSLM5_FALSE;
+  return tslm5::LiveObjects::Count() == 0 && tslm5::ServerLocks() == 0 ? TSLM5_OK : TSLM5_FALSE;
+}
+
+int32_t DllRegisterServer(void) {
+  try {
+    return tslm5::WriteRegistration() ? TSLM5_OK : TSLM5_REGISTRATION_FAILED;
+  } catch (...) {
+    return TSLM5_REGISTRATION_FAILED;
+  }
+}
+
+int32_t DllUnregisterServer(void) {
+  try {
+    return tslm5::RemoveRegistration() ? TSLM5_OK : TSLM5_REGISTRATION_FAILED;
+  } catch (...) {
+    return TSLM5_REGISTRATION_FAILED;
+  }
 }

@@ -129,5 +129,20 @@ TEST(DllCanUnloadNow, IsNotSoWhileAnObjectLivesInAnyOfItsFaces) {
   }
 }
 
+TEST(DllCanUnloadNow, IsNotSoWhileALockIsHeld) {
+  const auto lock = [](bool is_lock) { ClassObject(class_id::kDataSetLite)->LockServer(is_lock); };
+  lock(true);
+  lock(true);
+  EXPECT_EQ(DllCanUnloadNow(), TSLM5_FALSE);
+  lock(false);
+  EXPECT_EQ(DllCanUnloadNow(), TSLM5_FALSE) << "one lock is left";
+  lock(false);
+  EXPECT_EQ(DllCanUnloadNow(), TSLM5_OK);
+  lock(false);
+  lock(true);
+  EXPECT_EQ(DllCanUnloadNow(), TSLM5_FALSE) << "ending a lock that is not held did nothing";
+  lock(false);
+}
+
 }  // namespace
 }  // namespace tslm5

@@ -23,6 +23,9 @@ class IClassFactory : public IUnknown {
 
   /// A new object with its defaults.
   virtual Ref<IUnknown> CreateInstance() = 0;
+  /// Keeps the library from being unloaded while no object lives (true), or ends one such lock
+  /// (false). Locks add up; ending more of them than there are does nothing.
+  virtual void LockServer(bool pLock) = 0;
 
  protected:
   ~IClassFactory() = default;

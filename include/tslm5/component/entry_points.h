@@ -16,6 +16,7 @@ extern "C" {
 #define TSLM5_NULL_POINTER ((int32_t)0x80004003)
 #define TSLM5_FAILED ((int32_t)0x80004005)
 #define TSLM5_CLASS_NOT_AVAILABLE ((int32_t)0x80040111)
+#define TSLM5_REGISTRATION_FAILED ((int32_t)0x80040151)
 
 /* Puts the class object of the class `class_id` into *object, as the interface `interface_id`
  * (IClassFactory or IUnknown), counted; both point to 16 bytes laid out as `tslm5::Uuid`.
@@ -24,8 +25,18 @@ __attribute__((visibility("default"))) int32_t DllGetClassObject(const void* cla
                                                                  const void* interface_id,
                                                                  void** object);
 
-/* TSLM5_OK when no object of this library lives, so that it may be unloaded; else TSLM5_FALSE. */
+/* TSLM5_OK when no object of this library lives and no lock is held, so that it may be unloaded;
+ * else TSLM5_FALSE. */
 __attribute__((visibility("default"))) int32_t DllCanUnloadNow(void);
+
+/* Registers the component with this library's path: writes its registration file
+ * (tslm5/component/registration.h) whole, in place of an older one.
+ * TSLM5_REGISTRATION_FAILED when the file cannot be written; an older one stands then. */
+__attribute__((visibility("default"))) int32_t DllRegisterServer(void);
+
+/* Takes the component's registration file away. TSLM5_OK also when there is none;
+ * TSLM5_REGISTRATION_FAILED when it cannot be removed. */
+__attribute__((visibility("default"))) int32_t DllUnregisterServer(void);
 
 #ifdef __cplusplus
 }

@@ -41,7 +41,7 @@ TEST(EngineSlots, RecordSet) {
 }
 
 TEST(ComponentSlots, ClassFactory) {
-  ExpectSlots<IClassFactory>(&IClassFactory::CreateInstance);
+  ExpectSlots<IClassFactory>(&IClassFactory::CreateInstance, &IClassFactory::LockServer);
 }
 
 }  // namespace

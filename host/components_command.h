@@ -1,0 +1,25 @@
+#ifndef TSLM5_HOST_COMPONENTS_COMMAND_H_
+#define TSLM5_HOST_COMPONENTS_COMMAND_H_
+
+#include "host/invocation.h"
+
+namespace tslm5::host {
+
+/// Options of `tslm5 components`.
+struct ComponentsOptions {
+  bool json = false;
+};
+
+/// Options of `tslm5 register` and `tslm5 unregister`: there are none.
+struct RegistrationOptions {};
+
+/// `tslm5 components`, which lists the registered components.
+void AddComponentsCommand(CLI::App& app, Invocation& invocation);
+/// `tslm5 register`, after which programs find this program's component by name.
+void AddRegisterCommand(CLI::App& app, Invocation& invocation);
+/// `tslm5 unregister`.
+void AddUnregisterCommand(CLI::App& app, Invocation& invocation);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_COMPONENTS_COMMAND_H_
