@@ -14,6 +14,10 @@ void* DataSetLite::FindFacet(const Uuid& pId) {
   if (pId == IExtraSet::kId) return static_cast<IExtraSet*>(&extra_set_);
   if (pId == IVectorize::kId) return static_cast<IVectorize*>(&vectorize_);
   if (pId == IConnectionPoint::kId) return static_cast<IConnectionPoint*>(&connection_point_);
+  if (pId == INominalDataSetMetadata::kId) {
+    return static_cast<INominalDataSetMetadata*>(&nominal_metadata_);
+  }
+  if (pId == IMissingMetadata::kId) return static_cast<IMissingMetadata*>(&missing_metadata_);
   return nullptr;
 }
 

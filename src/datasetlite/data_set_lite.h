@@ -7,6 +7,8 @@
 #include "datasetlite/data_set_lite_state.h"
 #include "datasetlite/extra_set_facets.h"
 #include "datasetlite/lifecycle_facets.h"
+#include "datasetlite/missing_metadata.h"
+#include "datasetlite/nominal_metadata.h"
 #include "datasetlite/record_access.h"
 #include "tslm5/platform/object.h"
 
@@ -37,6 +39,8 @@ class DataSetLite final : public FacetOwner {
   ExtraSetFacet extra_set_{*this, state_};
   VectorizeFacet vectorize_{*this, state_};
   ConnectionPointFacet connection_point_{*this, state_};
+  NominalMetadataFacet nominal_metadata_{*this, state_};
+  MissingMetadataFacet missing_metadata_{*this, state_};
 };
 
 /// A new `DataSetLite` with its defaults.

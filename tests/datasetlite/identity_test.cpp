@@ -12,9 +12,9 @@ namespace {
 template <class I>
 class DataSetLiteFace : public testing::Test {};
 
-using Faces =
-    testing::Types<IDataSet, IIterator, IIsDirty, IPersistable, ICloneableEx, IConstructor,
-                   IDisposable, ILRServices, IExtraSet, IVectorize, IConnectionPoint>;
+using Faces = testing::Types<IDataSet, IIterator, IIsDirty, IPersistable, ICloneableEx,
+                             IConstructor, IDisposable, ILRServices, IExtraSet, IVectorize,
+                             IConnectionPoint, INominalDataSetMetadata, IMissingMetadata>;
 TYPED_TEST_SUITE(DataSetLiteFace, Faces);
 
 TYPED_TEST(DataSetLiteFace, BelongsToTheOneObject) {

@@ -1,0 +1,162 @@
+#include "datasetlite/nominal_metadata.h"
+
+#include <algorithm>
+
+#include "datasetlite/query_dictionary.h"
+#include "storage/run_statements.h"
+#include "storage/sql_number.h"
+#include "storage/sqlite_helpers.h"
+#include "tslm5/platform/error.h"
+
+namespace tslm5 {
+namespace {
+
+constexpr std::string_view kTrainingSet = "TrainingSet";
+constexpr std::string_view kTestingSet = "TestingSet";
+
+std::string OfColumn(std::string_view statement, std::string_view column) {
+  return FillStatement(statement, {{"<COLUMN>", column}});
+}
+
+/// `kUpdateCategoryCells` or `kUpdateOtherCategoryCells`.
+std::string CellsStatement(std::string_view statement, std::string_view table,
+                           std::string_view name, std::string_view value,
+                           std::string_view nominal) {
+  return FillStatement(
+      statement,
+      {{"<TABLE>", table}, {"<NAME>", name}, {"<VALUE>", value}, {"<NOMINAL>", nominal}});
+}
+
+/// A code read as text becomes a number with a point as its separator, whatever the locale.
+double CodeOf(const std::string& text) {
+  return Variant(text).ToDouble();
+}
+
+/// A code of the response other than `code`; raises 41011 when it has no other.
+double OtherCode(const DataSetLiteState& state, std::string_view response, double code) {
+  const auto groups =
+      QueryToDictionary(state, OfColumn(run_statement::kSelectGroupSizes, response));
+  for (const auto& [key, size] : groups->Entries()) {
+    if (key.ToDouble() != code) return key.ToDouble();
+  }
+  throw Error(error_number::kInvalidData, "UpdateMergingResponseCategories",
+              "All categories of the response have the same numeric value.");
+}
+
+}  // namespace
+
+std::string NominalMetadataFacet::Response() const {
+  return std::to_string(state_.sender->TerminalCount());
+}
+
+Variant NominalMetadataFacet::GetCategories(std::int32_t pColumnIndex) {
+  const std::string_view statement = GetIsCategorical(pColumnIndex)
+                                         ? run_statement::kSelectCategories
+                                         : run_statement::kSelectNumericCategories;
+  return QueryToDictionary(state_, OfColumn(statement, std::to_string(pColumnIndex)));
+}
+
+Variant NominalMetadataFacet::GetCategoricalIndexes() {
+  return QueryToDictionary(state_, run_statement::kSelectNominalIndexes);
+}
+
+Variant NominalMetadataFacet::GetCategoricalNames() {
+  return QueryToDictionary(state_, run_statement::kSelectNominalNames);
+}
+
+void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_view pNominal,
+                                          const Variant& pValue) {
+  const std::string value = SqlNumber(pValue.ToDouble());
+  // The code itself is not wanted: an unknown category fails here, before anything is changed.
+  SqliteHelpers::QueryDouble(*ConnectionOf(state_),
+                             FillStatement(run_statement::kSelectCategoryCode,
+                                           {{"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
+  Execute(FillStatement(run_statement::kUpdateCategoryCode,
+                        {{"<VALUE>", value}, {"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
+  Execute(
+      CellsStatement(run_statement::kUpdateCategoryCells, kTrainingSet, pName, value, pNominal));
+  state_.statistics.Empty();
+  if (!TestingSetExists()) return;
+  Execute(CellsStatement(run_statement::kUpdateCategoryCells, kTestingSet, pName, value, pNominal));
+}
+
+bool NominalMetadataFacet::AnalyseResponseCategories(std::string& pMessage) {
+  const std::string response = Response();
+  if (SqliteHelpers::QueryInteger(*ConnectionOf(state_),
+                                  OfColumn(run_statement::kCountCategoryCodes, response)) != 2) {
+    pMessage = "Unable to proceed: The response variable must be binomial.";
+    return false;
+  }
+  const auto groups =
+      QueryToDictionary(state_, OfColumn(run_statement::kSelectGroupSizes, response));
+  const auto& sizes = groups->Entries();
+  if (std::any_of(sizes.begin(), sizes.end(),
+                  [](const auto& group) { return group.second.ToInteger() == 1; })) {
+    return true;
+  }
+  pMessage = "Unable to proceed: The response variable must have a unique Singled Out Class.";
+  return false;
+}
+
+bool NominalMetadataFacet::GetIsCategorical(std::int32_t pColumnIndex) {
+  const auto flag = state_.is_categorical.find(pColumnIndex);
+  return flag != state_.is_categorical.end() && flag->second;
+}
+
+double NominalMetadataFacet::GetModeMapping(std::int32_t pColumnIndex) {
+  return SqliteHelpers::QueryDouble(*ConnectionOf(state_), OfColumn(run_statement::kSelectModeCode,
+                                                                    std::to_string(pColumnIndex)));
+}
+
+bool NominalMetadataFacet::IsResponseMerging() {
+  return SqliteHelpers::QueryInteger(*ConnectionOf(state_), run_statement::kSelectMerging) == 1;
+}
+
+void NominalMetadataFacet::UpdateMergingResponseCategories() {
+  const std::string response = Response();
+  const auto query = [this, &response](std::string_view statement) {
+    return SqliteHelpers::QueryString(*ConnectionOf(state_), OfColumn(statement, response));
+  };
+  const std::string positive_class = query(run_statement::kSelectSmallestGroupNominal);
+  const double positive_code = CodeOf(query(run_statement::kSelectSmallestGroupCode));
+  double negative_code = CodeOf(query(run_statement::kSelectLargestGroupCode));
+  // Of groups of one size the database may give the same one twice; equal codes would level the
+  // response.
+  if (negative_code == positive_code) {
+    negative_code = OtherCode(state_, response, positive_code);
+  }
+
+  const std::string positive = SqlNumber(positive_code);
+  const std::string negative = SqlNumber(negative_code);
+  const std::string name = "d" + response;
+  Execute(FillStatement(
+      run_statement::kUpdateResponseEncoding,
+      {{"<CLASS>", positive_class}, {"<POSITIVE>", positive}, {"<NEGATIVE>", negative}}));
+  const auto encode = [&](std::string_view table) {
+    Execute(
+        CellsStatement(run_statement::kUpdateCategoryCells, table, name, positive, positive_class));
+    state_.statistics.Empty();
+    Execute(CellsStatement(run_statement::kUpdateOtherCategoryCells, table, name, negative,
+                           positive_class));
+  };
+  encode(kTrainingSet);
+  if (TestingSetExists()) encode(kTestingSet);
+}
+
+void NominalMetadataFacet::GetResponseEncoding(std::string& pPositiveClass, double& pZeroValue,
+                                               double& pOneValue) {
+  const Ref<IDataReader> reader =
+      ConnectionOf(state_)->ExecuteReader(run_statement::kSelectResponseEncoding);
+  if (reader->Read()) {
+    pPositiveClass = reader->GetString(0);
+    pZeroValue = reader->GetDouble(1);
+    pOneValue = reader->GetDouble(2);
+  }
+  reader->Close();
+}
+
+void NominalMetadataFacet::SavePositiveClass(std::string_view pPositiveClass) {
+  Execute(FillStatement(run_statement::kUpdatePositiveClass, {{"<CLASS>", pPositiveClass}}));
+}
+
+}  // namespace tslm5
