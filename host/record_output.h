@@ -7,6 +7,8 @@
 
 #include "host/output.h"
 #include "tslm5/contracts/data_set.h"
+#include "tslm5/engine/connection.h"
+#include "tslm5/platform/ref.h"
 
 namespace tslm5::host {
 
@@ -18,8 +20,12 @@ struct Selection {
   std::vector<std::int32_t> columns;  ///< 0-based
   std::int32_t first_row;             ///< 0-based
   std::int32_t end_row;               ///< past the last
+  /// The run and the table to join the untransformed texts to; empty: the numbers alone.
+  Ref<IConnection> originals_of;
+  std::string table;
 };
 
+// With originals, each column is followed by one called "LABEL (original)" that holds its texts.
 // Each writes the selection row by row; a selection of millions takes no memory.
 // Raises `Failure` "cancelled" on Ctrl-C.
 
@@ -30,11 +36,11 @@ void WriteTable(const Selection& selection, Output& output);
 void WriteCsv(const Selection& selection, Output& output);
 
 /// One object: `set`, `labels`, `firstRow` (1-based), `rows`, an array of arrays of numbers; a
-/// missing value is null.
+/// missing value is null. Originals are texts.
 void WriteJson(const Selection& selection, Output& output);
 
-/// `label` as a CSV field: between quotes when it holds a comma, a quote or a line end.
-std::string CsvField(const std::string& label);
+/// A text as a CSV field: between quotes when it holds a comma, a quote or a line end.
+std::string CsvField(const std::string& text);
 
 }  // namespace tslm5::host
 

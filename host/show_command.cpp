@@ -20,6 +20,7 @@ constexpr const char* kShowExamples =
     "  tslm5 show flowers.db --rows 1:10\n"
     "  tslm5 show flowers.db --columns petal_length,species --format csv\n"
     "  tslm5 show flowers.db --set testing --rows 101: --json\n"
+    "  tslm5 show flowers.db --original --columns species\n"
     "\n"
     "A table shows the first 20 rows unless --rows asks for others; csv and json show all.\n";
 
@@ -29,6 +30,15 @@ Ref<IDataSet> RequireSet(const RunSession& session, const ShowOptions& options) 
   if (Ref<IDataSet> data_set = session.OpenDataSet(options.set->type)) return data_set;
   throw Failure(ExitCode::kTrouble, fmt::format("{} has no {} set (tslm5 info tells what it has)",
                                                 Escaped(options.run), options.set->name));
+}
+
+/// The originals are kept column by column as the training and the testing set have them.
+void RequireOriginals(const RunSession& session, const ShowOptions& options, std::int32_t columns) {
+  const bool is_plain =
+      options.set->type == data_set_type::kTraining || options.set->type == data_set_type::kTesting;
+  if (is_plain && session.ColumnsOf("OriginalData") == columns) return;
+  throw Failure(ExitCode::kTrouble,
+                fmt::format("the run keeps no original texts of the {} set", options.set->name));
 }
 
 /// The row past the last one to show.
@@ -55,7 +65,13 @@ void RunShow(const ShowOptions& options, Output& output) {
                       {},
                       ChooseColumns(options.columns, labels),
                       options.rows.first - 1,
-                      EndRow(options, rows)};
+                      EndRow(options, rows),
+                      nullptr,
+                      options.set->table};
+  if (options.originals) {
+    RequireOriginals(session, options, data_set->Columns());
+    selection.originals_of = Ref<IConnection>(&session.Connection());
+  }
   for (const std::int32_t column : selection.columns) {
     selection.labels.push_back(labels[static_cast<std::size_t>(column)]);
   }
@@ -99,6 +115,8 @@ void AddShowCommand(CLI::App& app, Invocation& invocation) {
                   "labels, or d0, d1, ...; separated by commas")
       ->type_name("LABEL,...")
       ->allow_extra_args(false);
+  show.add_flag("--original", words->options.originals,
+                "show the untransformed text beside each number");
   CLI::Option* format = show.add_option("--format", words->format, "how to print (default table)")
                             ->check(CLI::IsMember({"table", "csv", "json"}))
                             ->type_name("NAME");

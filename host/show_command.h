@@ -18,6 +18,7 @@ struct ShowOptions {
   RowRange rows;
   std::vector<std::string> columns;  ///< as given; empty: all
   Format format = Format::kTable;
+  bool originals = false;  ///< the untransformed texts too
 };
 
 /// `tslm5 show`.
