@@ -25,8 +25,13 @@ class ScratchFolder {
 /// are 80 MB.
 void WriteNumberFile(const std::string& path, std::int64_t rows, std::int64_t columns);
 
+/// The same with words in three columns: column 2 has 50 categories, column 5 has 5,000, the last
+/// one has 5. Needs 7 columns or more.
+void WriteWordFile(const std::string& path, std::int64_t rows, std::int64_t columns);
+
 /// The path of such a file, made once a process and shape.
 const std::string& NumberFile(std::int64_t rows, std::int64_t columns);
+const std::string& WordFile(std::int64_t rows, std::int64_t columns);
 
 }  // namespace tslm5::bench
 

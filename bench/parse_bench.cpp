@@ -3,6 +3,8 @@
 // machine's moods hit both; "ratio" is the median over the turns of the parse's processor time by
 // the floor's.
 //   parse_bench --benchmark_filter=Ratio   the figures of the README
+//   parse_bench --benchmark_filter=Words   a file with three columns of words, and the plain parse
+//                                          of one with numbers alone as its floor
 //   parse_bench --benchmark_filter=Memory  peak memory of a parse; run it alone
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
@@ -20,6 +22,7 @@
 #include "tslm5/component/create_object.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/contracts/data_set.h"
+#include "tslm5/contracts/nominal_data_set.h"
 
 namespace tslm5::bench {
 namespace {
@@ -46,6 +49,13 @@ Ref<IDataSet> ParseSet(const std::string& path) {
   Ref<IDataSet> set = CreateObject<IDataSet>(class_id::kInMemorySet);
   set->Parse(path, separator_code::kComma, false, data_set_type::kTraining,
              layout_code::kRecordsInRows);
+  return set;
+}
+
+Ref<INominalDataSet> ParseWords(const std::string& path) {
+  Ref<INominalDataSet> set = CreateObject<INominalDataSet>(class_id::kInMemorySet);
+  set->Parse(path, separator_code::kComma, false, data_set_type::kTraining,
+             layout_code::kRecordsInRows, problem_category::kClassification, nullptr);
   return set;
 }
 
@@ -105,6 +115,28 @@ void Ratio(benchmark::State& state) {
   state.counters["ratio"] = Median(ratios);
 }
 
+/// The nominal parse of words beside the plain parse of numbers, of the same shape: 2 is the limit.
+void Words(benchmark::State& state) {
+  const std::string& numbers = NumberFile(state.range(0), state.range(1));
+  const std::string& words = WordFile(state.range(0), state.range(1));
+  std::vector<double> floors;
+  std::vector<double> parses;
+  std::vector<double> ratios;
+  for (auto _ : state) {
+    const double start = ProcessorSeconds();
+    benchmark::DoNotOptimize(ParseSet(numbers));
+    const double middle = ProcessorSeconds();
+    benchmark::DoNotOptimize(ParseWords(words));
+    const double end = ProcessorSeconds();
+    floors.push_back(middle - start);
+    parses.push_back(end - middle);
+    ratios.push_back(parses.back() / floors.back());
+  }
+  state.counters["numbers_ms"] = 1e3 * Median(floors);
+  state.counters["words_ms"] = 1e3 * Median(parses);
+  state.counters["ratio"] = Median(ratios);
+}
+
 /// What the process needed at most, less the file and the array: "over_mb" may be 64.
 void Memory(benchmark::State& state) {
   const std::string& path = NumberFile(state.range(0), state.range(1));
@@ -123,6 +155,7 @@ void Memory(benchmark::State& state) {
 BENCHMARK(Floor)->Args({1'000'000, 10})->Unit(benchmark::kMillisecond);
 BENCHMARK(Parse)->Args({1'000'000, 10})->Unit(benchmark::kMillisecond);
 BENCHMARK(Ratio)->Args({1'000'000, 10})->Args({100'000, 100})->Args({5'000'000, 2})->Iterations(11);
+BENCHMARK(Words)->Args({1'000'000, 10})->Iterations(11);
 BENCHMARK(Memory)->Args({1'000'000, 10})->Iterations(1);
 
 }  // namespace

@@ -10,14 +10,19 @@
 
 namespace tslm5 {
 
-/// Watches whether the responses of a text are of more than one kind, where the problem category
-/// asks for it. Responses are compared as texts, each with the first one: "1" and "1.0" differ.
+/// Watches whether the responses of a text are of more than one kind. Responses are compared as
+/// texts, each with the first one: "1" and "1.0" differ.
 class ClassTracker {
  public:
-  explicit ClassTracker(std::int32_t category)
-      : is_binary_(category == problem_category::kBinary),
-        is_watching_(is_binary_ || category == problem_category::kClassification ||
-                     category == problem_category::kFurtherClassification) {}
+  /// `is_watching`: whether this text must have several kinds. The category chooses the words.
+  ClassTracker(bool is_watching, std::int32_t category)
+      : is_watching_(is_watching), category_(category) {}
+
+  /// Whether the responses of a problem of this category are classes.
+  static bool AreClasses(std::int32_t category) {
+    return category == problem_category::kBinary || category == problem_category::kClassification ||
+           category == problem_category::kFurtherClassification;
+  }
 
   void Note(std::string_view response) {
     if (!is_watching_) return;
@@ -31,12 +36,12 @@ class ClassTracker {
 
   /// Raises 41026 when there was one kind alone.
   void RequireSeveral() const {
-    if (is_watching_) ParseErrors::RaiseSingleClass(is_binary_);
+    if (is_watching_) ParseErrors::RaiseSingleClass(category_);
   }
 
  private:
-  bool is_binary_;
   bool is_watching_;  // until two kinds were seen
+  std::int32_t category_;
   bool has_first_ = false;
   std::string first_;
 };

@@ -6,6 +6,7 @@ namespace tslm5 {
 
 void* InMemorySet::FindFacet(const Uuid& pId) {
   if (pId == IDataSet::kId) return static_cast<IDataSet*>(&data_set_);
+  if (pId == INominalDataSet::kId) return static_cast<INominalDataSet*>(&nominal_data_set_);
   if (pId == IInMemorySet::kId) return static_cast<IInMemorySet*>(&in_memory_set_);
   if (pId == IIterator::kId) return static_cast<IIterator*>(&iterator_);
   if (pId == IIsDirty::kId) return static_cast<IIsDirty*>(&is_dirty_);

@@ -4,6 +4,7 @@
 #include "inmemory/in_memory_data_set_facet.h"
 #include "inmemory/in_memory_extra_set.h"
 #include "inmemory/in_memory_facets.h"
+#include "inmemory/in_memory_nominal_facet.h"
 #include "inmemory/in_memory_state.h"
 #include "tslm5/platform/object.h"
 
@@ -24,6 +25,7 @@ class InMemorySet final : public FacetOwner {
 
   InMemoryState state_;
   InMemoryDataSetFacet data_set_{*this, state_};
+  InMemoryNominalFacet nominal_data_set_{*this, state_};
   InMemorySetFacet in_memory_set_{*this, state_};
   InMemoryIteratorFacet iterator_{*this, state_};
   InMemoryIsDirtyFacet is_dirty_{*this, state_};
@@ -37,7 +39,8 @@ class InMemorySet final : public FacetOwner {
 /// A new `InMemorySet` with its defaults.
 Ref<IUnknown> MakeInMemorySet();
 
-/// An `InMemorySet` with a deep copy of `original`; listeners are not taken along.
+/// An `InMemorySet` with a deep copy of `original`; listeners are not taken along. Raw texts, which
+/// never change, are shared.
 Ref<IUnknown> CloneInMemorySet(const InMemoryState& original);
 
 }  // namespace tslm5

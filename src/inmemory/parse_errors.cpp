@@ -4,6 +4,7 @@
 #include <string>
 
 #include "support/utf8.h"
+#include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5::ParseErrors {
@@ -31,11 +32,44 @@ void RaiseInvalidField(std::string_view field, std::int64_t row, std::int64_t co
   throw Error(error_number::kInvalidData, "ParseString", text);
 }
 
-void RaiseSingleClass(bool binary) {
-  std::string text = "Unable to proceed: The Response Variable has only 1 kind of class.\r\n\r\n";
-  text += binary ? "Please make sure that the response variable is binary."
-                 : "Please make sure that your dataset has at least 2 different classes.";
+void RaiseMixedSeparators() {
+  throw Error(error_number::kMixedSeparators, "",
+              "Unable to proceed: This file contains more than one type of separator.\r\n\r\n"
+              "Please remove any hidden or duplicated separators.");
+}
+
+void RaiseMissingResponse(std::int64_t row, std::int64_t column) {
+  throw Error(error_number::kMissingResponse, "ParseString",
+              "Unable to proceed: Invalid input in row " + std::to_string(row) + ", column " +
+                  std::to_string(column) +
+                  ".\r\n\r\nThe response variable has missing values, which is not supported.\r\n"
+                  "Please make sure you remove all missing values from the response.");
+}
+
+void RaiseSingleClass(std::int32_t problem_category) {
+  const bool is_constant = problem_category == problem_category::kRegression;
+  std::string text = "Unable to proceed: The Response Variable ";
+  text += is_constant ? "is a constant in the Training data." : "has only 1 kind of class.";
+  text += "\r\n\r\nPlease make sure ";
+  if (is_constant) {
+    text += "to include at least two different values in the dataset.";
+  } else if (problem_category == problem_category::kBinary) {
+    text += "that the response variable is binary.";
+  } else {
+    text += "that your dataset has at least 2 different classes.";
+  }
   throw Error(error_number::kSingleClass, "ParseString", text);
+}
+
+void RaiseTooManyCategories(std::string_view label, std::int64_t limit) {
+  const std::string count = std::to_string(limit);
+  std::string text = "Unable to proceed: The variable ";
+  text += label;
+  text += " has more than " + count +
+          " categories.\r\n\r\nPlease make sure that the variable is correct as Tessaloom only "
+          "supports up " +
+          count + " categories.";
+  throw Error(error_number::kTooManyCategories, "ParseString", text);
 }
 
 }  // namespace tslm5::ParseErrors

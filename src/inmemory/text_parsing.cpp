@@ -74,14 +74,15 @@ void TextParsing::ParseString(std::string& text, std::int32_t separator, bool ha
       arguments == nullptr ? MakeParseEventArgs() : Ref<IParseEventArgs>(arguments);
   state_.is_ready = false;
   state_.has_labels = false;
-  state_.data.reset();
+  state_.DropData();
   state_.replaced_missing_count = 0;
   state_.SetType(data_set_type);
   try {
+    Begin(text, data_set_type);
     TakeText(text, separator);
     Run(text, has_labels, layout, *keep_arguments);
   } catch (...) {
-    if (!state_.is_ready) state_.data.reset();  // never serve what is half filled
+    if (!state_.is_ready) state_.DropData();  // never serve what is half filled
     throw;
   }
 }
@@ -94,9 +95,7 @@ void TextParsing::TakeText(std::string& text, std::int32_t separator) {
   if (!SharedFunctions::TextContainsSeparator(text, separator)) {
     throw Error(error_number::kUnknownSeparator);
   }
-  if (SharedFunctions::HasMixedSeparators(text, separator)) {
-    throw Error(error_number::kMixedSeparators);
-  }
+  if (SharedFunctions::HasMixedSeparators(text, separator)) RefuseMixedSeparators();
   separator_ = SharedFunctions::SeparatorToString(separator);
   state_.separator = separator;
   state_.SetProperty(property_key::kSeparator, separator_);
@@ -112,7 +111,11 @@ void TextParsing::TakeLabels(const std::string& text) {
 
 void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
                       IParseEventArgs& arguments) {
-  if (layout == layout_code::kRecordsInColumns) {
+  if (Rearranges(layout)) {
+    if (layout == layout_code::kRecordsInColumns && separator_.empty()) {
+      throw Error(error_number::kInvalidArgument, "ParseString",
+                  "Text without a separator cannot be transposed: its lines would run together.");
+    }
     text = StringHelpers::RearrangeText(std::move(text), separator_, layout);
   }
   if (has_labels) TakeLabels(text);
@@ -133,7 +136,7 @@ void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
     sink.BeforeDataLoad(state_.sender, &arguments);
   });
   if (arguments.Cancel()) return state_.Reset();
-  if (!FillCells(lines, rows, arguments)) return;
+  if (!TakeRecords(lines, rows, arguments)) return;
 
   state_.is_dirty = true;
   arguments.put_Message("Data load succeded.");
@@ -153,7 +156,8 @@ std::int32_t TextParsing::CountFirstFields(std::string_view text) const {
 }
 
 /// False when a handler stopped the parse.
-bool TextParsing::FillCells(std::string_view text, std::int32_t rows, IParseEventArgs& arguments) {
+bool TextParsing::TakeRecords(std::string_view text, std::int32_t rows,
+                              IParseEventArgs& arguments) {
   const std::int32_t columns = CountFirstFields(text);
   if (static_cast<std::size_t>(columns) != state_.labels.size()) {
     throw Error(error_number::kLabelCount);
@@ -161,18 +165,29 @@ bool TextParsing::FillCells(std::string_view text, std::int32_t rows, IParseEven
   // A blank after the first line is counted as a column, but holds no field.
   if (columns != state_.column_count) ParseErrors::RaiseColumnCount(1);
   cells_ = std::make_shared<CellArray>(RowsToHold(rows, columns, text.size()), columns);
+  state_.DropData();  // a handler may have parsed another text
   state_.data = cells_;
+  state_.replaced_missing_count = 0;
+  record_ = MakeRecordParsedEventArgs();
+  record_->put_Columns(arguments.Columns());
+  return FillCells({text, rows, columns}, arguments);
+}
 
-  const Ref<IRecordParsedEventArgs> record = MakeRecordParsedEventArgs();
-  record->put_Columns(arguments.Columns());
-  ClassTracker classes(state_.problem_category);
-  RecordConverter converter(text, separator_, columns, CurrentLocale().DecimalSymbol());
-  for (std::int32_t row = 0; row < rows; ++row) {
-    classes.Note(converter.Next(cells_->Row(row)));
-    if (state_.sinks.HasSinks() && !TellOfRecord(*record, row, arguments)) return false;
-  }
-  classes.RequireSeveral();
-  return true;
+void TextParsing::Begin(std::string&, std::int32_t) {}
+
+void TextParsing::RefuseMixedSeparators() const {
+  throw Error(error_number::kMixedSeparators);
+}
+
+bool TextParsing::Rearranges(std::int32_t layout) const {
+  return layout == layout_code::kRecordsInColumns;
+}
+
+bool TextParsing::FillCells(const Lines& lines, IParseEventArgs& arguments) {
+  const std::int32_t category = state_.problem_category;
+  RecordConverter converter(lines.text, separator_, lines.columns, CurrentLocale().DecimalSymbol());
+  return ConvertRecords(converter, ClassTracker(ClassTracker::AreClasses(category), category),
+                        lines.rows, arguments);
 }
 
 /// False when a handler stopped the parse, or gave the set other data or none.

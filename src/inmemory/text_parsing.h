@@ -6,18 +6,23 @@
 #include <string>
 #include <string_view>
 
+#include "inmemory/class_tracker.h"
 #include "inmemory/in_memory_state.h"
 #include "tslm5/contracts/event_args.h"
 
 namespace tslm5 {
 
-/// Fills an `InMemorySet` from delimited text: `IDataSet::Parse` and `IDataSet::ParseString`.
+/// Fills an `InMemorySet` from delimited text: `IDataSet::Parse` and `IDataSet::ParseString`, and
+/// the frame of the other kind of parse, which overrides the steps that it does its own way.
 /// The numbers go from the text straight into the set's array. Neither keeps the data that the set
 /// had: after an error, or a cancel, it holds none and is not ready. Peak memory is the text and
 /// the array.
 class TextParsing {
  public:
   explicit TextParsing(InMemoryState& state) : state_(state) {}
+  TextParsing(const TextParsing&) = delete;
+  TextParsing& operator=(const TextParsing&) = delete;
+  virtual ~TextParsing() = default;
 
   /// Raises 41001 for an empty path and 41007 when there is no such file; the set is untouched
   /// then. `arguments` may be null: the events then carry the path.
@@ -26,22 +31,60 @@ class TextParsing {
 
   /// Leaves `text` cleaned, without its label line. `arguments` may be null. Raises 41023 when
   /// nothing is left to parse, 41012 for a text without the separator, 41024 for one with
-  /// another, 41013 when labels and fields differ in number, and the errors of `ParseErrors`.
+  /// another, 41013 when labels and fields differ in number, 41001 for a text of one column that
+  /// is to be transposed, and the errors of `ParseErrors`.
   void ParseString(std::string& text, std::int32_t separator, bool has_labels,
                    std::int32_t data_set_type, std::int32_t layout, IParseEventArgs* arguments);
+
+ protected:
+  /// The cleaned lines of a text, none of them empty.
+  struct Lines {
+    std::string_view text;
+    std::int32_t rows;
+    std::int32_t columns;
+  };
+
+  /// Takes the text and the type as the caller gave them, before anything else is done.
+  virtual void Begin(std::string& text, std::int32_t data_set_type);
+  [[noreturn]] virtual void RefuseMixedSeparators() const;
+  virtual bool Rearranges(std::int32_t layout) const;
+  /// Fills the set's array. False when a handler stopped the parse.
+  virtual bool FillCells(const Lines& lines, IParseEventArgs& arguments);
+
+  /// Has every line converted by `converter.Next(cells)`, which returns the response, and tells of
+  /// it. False when a handler stopped the parse.
+  template <class Converter>
+  bool ConvertRecords(Converter& converter, ClassTracker classes, std::int32_t rows,
+                      IParseEventArgs& arguments);
+
+  InMemoryState& State() const { return state_; }
+  std::string_view Separator() const { return separator_; }
+  double* Row(std::int32_t row) const { return cells_->Row(row); }
 
  private:
   void Run(std::string& text, bool has_labels, std::int32_t layout, IParseEventArgs& arguments);
   void TakeText(std::string& text, std::int32_t separator);
   void TakeLabels(const std::string& text);
   std::int32_t CountFirstFields(std::string_view text) const;
-  bool FillCells(std::string_view text, std::int32_t rows, IParseEventArgs& arguments);
+  bool TakeRecords(std::string_view text, std::int32_t rows, IParseEventArgs& arguments);
   bool TellOfRecord(IRecordParsedEventArgs& record, std::int32_t row, IParseEventArgs& arguments);
 
   InMemoryState& state_;
   std::string_view separator_;
+  Ref<IRecordParsedEventArgs> record_;
   std::shared_ptr<CellArray> cells_;  // being filled; held, as a handler may clear the set
 };
+
+template <class Converter>
+bool TextParsing::ConvertRecords(Converter& converter, ClassTracker classes, std::int32_t rows,
+                                 IParseEventArgs& arguments) {
+  for (std::int32_t row = 0; row < rows; ++row) {
+    classes.Note(converter.Next(cells_->Row(row)));
+    if (state_.sinks.HasSinks() && !TellOfRecord(*record_, row, arguments)) return false;
+  }
+  classes.RequireSeveral();
+  return true;
+}
 
 }  // namespace tslm5
 

@@ -41,6 +41,7 @@ inline constexpr std::int32_t kEmptyText = 41023;
 inline constexpr std::int32_t kMixedSeparators = 41024;
 inline constexpr std::int32_t kMissingResponse = 41025;
 inline constexpr std::int32_t kSingleClass = 41026;
+inline constexpr std::int32_t kTooManyCategories = 41027;
 inline constexpr std::int32_t kNotImplemented = -10000;
 
 }  // namespace error_number

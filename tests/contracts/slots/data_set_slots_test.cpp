@@ -81,6 +81,9 @@ TEST(DataSetSlots, DeploymentDataSet) {
 }
 
 TEST(DataSetSlots, NominalDataSet) {
+  // A cell is raw text or a number.
+  static_assert(std::is_same_v<decltype(&INominalDataSet::GetItem),
+                               Variant (INominalDataSet::*)(std::int32_t, std::int32_t)>);
   ExpectSlots<INominalDataSet>(&INominalDataSet::Parse, &INominalDataSet::ParseString,
                                &INominalDataSet::GetItem, &INominalDataSet::Rows,
                                &INominalDataSet::Columns, &INominalDataSet::SetProperty,

@@ -1,0 +1,29 @@
+#include "inmemory/in_memory_nominal_facet.h"
+
+#include "inmemory/nominal_parsing.h"
+
+namespace tslm5 {
+
+void InMemoryNominalFacet::Parse(std::string_view pFileName, std::int32_t pSeparator,
+                                 bool pHasLabels, std::int32_t pDataSetType, std::int32_t pLayout,
+                                 std::int32_t pProblemCategory, IParseEventArgs* pEvArgs) {
+  NominalParsing(state_, pProblemCategory)
+      .Parse(pFileName, pSeparator, pHasLabels, pDataSetType, pLayout, pEvArgs);
+}
+
+void InMemoryNominalFacet::ParseString(std::string& pText, std::int32_t pSeparator, bool pHasLabels,
+                                       std::int32_t pDataSetType, std::int32_t pLayout,
+                                       std::int32_t pProblemCategory, IParseEventArgs* pEvArgs) {
+  NominalParsing(state_, pProblemCategory)
+      .ParseString(pText, pSeparator, pHasLabels, pDataSetType, pLayout, pEvArgs);
+}
+
+Variant InMemoryNominalFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
+  const double value = state_.Cell(pRowIndex, pColumnIndex);
+  if (state_.raw_cells && state_.raw_cells->IsCategorical(pColumnIndex)) {
+    return state_.raw_cells->Text(pRowIndex, pColumnIndex);
+  }
+  return value;
+}
+
+}  // namespace tslm5
