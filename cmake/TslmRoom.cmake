@@ -39,7 +39,9 @@ function(tslm5_shared)
   file(GENERATE OUTPUT "${CMAKE_CURRENT_BINARY_DIR}/${SHARED_NAME}.cpp"
        CONTENT "// The library's code is in its rooms.\n")
   add_library(${SHARED_NAME} SHARED "${CMAKE_CURRENT_BINARY_DIR}/${SHARED_NAME}.cpp")
-  target_include_directories(${SHARED_NAME} INTERFACE "${PROJECT_SOURCE_DIR}/include")
+  target_include_directories(
+    ${SHARED_NAME} INTERFACE "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>"
+                             "$<INSTALL_INTERFACE:include>")
   target_link_libraries(${SHARED_NAME} PRIVATE "-Wl,--whole-archive" ${SHARED_FROM}
                                                "-Wl,--no-whole-archive" tslm5_flags)
   target_link_options(${SHARED_NAME} PRIVATE "-Wl,--version-script=${script}" "-Wl,--no-undefined")
