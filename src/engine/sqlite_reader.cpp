@@ -8,6 +8,13 @@
 
 namespace tslm5 {
 
+bool SqliteReader::QueryInterface(const Uuid& pId, void** pObject) {
+  if (pId != IRecordTexts::kId) return CountedObject::QueryInterface(pId, pObject);
+  *pObject = static_cast<IRecordTexts*>(&texts_facet_);
+  AddRef();
+  return true;
+}
+
 bool SqliteReader::Read() {
   on_record_ = false;
   if (!statement_ || at_end_) return false;
@@ -53,6 +60,22 @@ std::string SqliteReader::GetString(std::int32_t pIndex) {
     return NumberText(sqlite3_column_double(record, pIndex));
   }
   return std::string(ColumnText(record, pIndex));
+}
+
+void SqliteReader::GetTexts(std::span<std::string_view> texts) {
+  const int count = static_cast<int>(texts.size());
+  sqlite3_stmt* record = Record(count > 0 ? count - 1 : 0);
+  for (int field = 0; field < count; ++field) {
+    std::string_view& text = texts[static_cast<std::size_t>(field)];
+    if (sqlite3_column_type(record, field) == SQLITE_FLOAT) {
+      number_texts_.resize(texts.size() * kNumberTextSize);  // moves only before the first text
+      char* first = number_texts_.data() + static_cast<std::size_t>(field) * kNumberTextSize;
+      const char* last = WriteNumber(first, sqlite3_column_double(record, field));
+      text = {first, static_cast<std::size_t>(last - first)};
+    } else {
+      text = ColumnText(record, field);
+    }
+  }
 }
 
 void SqliteReader::Close() {

@@ -3,11 +3,15 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "engine/run_connection.h"
 #include "engine/sqlite_statement.h"
 #include "tslm5/engine/data_reader.h"
+#include "tslm5/engine/record_texts.h"
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
@@ -19,6 +23,7 @@ class SqliteReader final : public CountedObject<IDataReader> {
       : connection_(&connection), statement_(std::move(statement)) {}
 
   std::string_view TypeName() override { return "DataReader"; }
+  bool QueryInterface(const Uuid& pId, void** pObject) override;
 
   bool Read() override;
   std::int32_t GetInteger(std::int32_t pIndex) override;
@@ -30,7 +35,19 @@ class SqliteReader final : public CountedObject<IDataReader> {
   Variant GetValue(std::int32_t pIndex) override;
   bool IsNull(std::int32_t pIndex) override;
 
+  /// See `IRecordTexts`.
+  void GetTexts(std::span<std::string_view> texts);
+
  private:
+  class TextsFacet final : public Facet<IRecordTexts> {
+   public:
+    explicit TextsFacet(SqliteReader& owner) : Facet(owner), reader_(owner) {}
+    void GetTexts(std::span<std::string_view> pTexts) override { reader_.GetTexts(pTexts); }
+
+   private:
+    SqliteReader& reader_;
+  };
+
   ~SqliteReader() override = default;
 
   /// The statement, standing on a record that has field `index`; raises 100 or 9 otherwise.
@@ -40,6 +57,8 @@ class SqliteReader final : public CountedObject<IDataReader> {
   std::optional<SqliteStatement> statement_;
   bool on_record_ = false;
   bool at_end_ = false;
+  std::vector<char> number_texts_;  // where the texts of a record's doubles stand
+  TextsFacet texts_facet_{*this};
 };
 
 }  // namespace tslm5

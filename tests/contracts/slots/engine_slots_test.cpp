@@ -9,6 +9,7 @@
 #include "tslm5/engine/data_reader.h"
 #include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/record_set.h"
+#include "tslm5/engine/record_texts.h"
 
 namespace tslm5 {
 namespace {
@@ -38,6 +39,10 @@ TEST(EngineSlots, RecordSet) {
   ExpectSlots<IRecordSet>(&IRecordSet::Close, &IRecordSet::MoveTo, &IRecordSet::EndOfFile,
                           &IRecordSet::GetField, &IRecordSet::SetField, &IRecordSet::FieldCount,
                           &IRecordSet::RecordCount, &IRecordSet::Update, &IRecordSet::ReadNumber);
+}
+
+TEST(EngineSlots, RecordTexts) {
+  ExpectSlots<IRecordTexts>(&IRecordTexts::GetTexts);
 }
 
 TEST(ComponentSlots, ClassFactory) {
