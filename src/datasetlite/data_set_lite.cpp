@@ -13,6 +13,7 @@ void* DataSetLite::FindFacet(const Uuid& pId) {
   if (pId == ILRServices::kId) return static_cast<ILRServices*>(&lr_services_);
   if (pId == IExtraSet::kId) return static_cast<IExtraSet*>(&extra_set_);
   if (pId == IVectorize::kId) return static_cast<IVectorize*>(&vectorize_);
+  if (pId == IDeploymentDataSet::kId) return static_cast<IDeploymentDataSet*>(&deployment_view_);
   if (pId == IConnectionPoint::kId) return static_cast<IConnectionPoint*>(&connection_point_);
   if (pId == INominalDataSetMetadata::kId) {
     return static_cast<INominalDataSetMetadata*>(&nominal_metadata_);

@@ -5,6 +5,7 @@
 
 #include "datasetlite/data_set_facet.h"
 #include "datasetlite/data_set_lite_state.h"
+#include "datasetlite/deployment_view.h"
 #include "datasetlite/extra_set_facets.h"
 #include "datasetlite/lifecycle_facets.h"
 #include "datasetlite/missing_metadata.h"
@@ -38,6 +39,7 @@ class DataSetLite final : public FacetOwner {
   LRServicesFacet lr_services_{*this, state_};
   ExtraSetFacet extra_set_{*this, state_};
   VectorizeFacet vectorize_{*this, state_};
+  DeploymentViewFacet deployment_view_{*this, state_, data_set_};
   ConnectionPointFacet connection_point_{*this, state_};
   NominalMetadataFacet nominal_metadata_{*this, state_};
   MissingMetadataFacet missing_metadata_{*this, state_};

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "datasetlite/data_set_lite.h"
+#include "tslm5/contracts/deployment_data_set.h"
 #include "tslm5/contracts/in_memory_set.h"
 #include "tslm5/contracts/nominal_data_set.h"
 #include "tslm5/engine/connection_service.h"
@@ -12,9 +13,10 @@ namespace {
 template <class I>
 class DataSetLiteFace : public testing::Test {};
 
-using Faces = testing::Types<IDataSet, IIterator, IIsDirty, IPersistable, ICloneableEx,
-                             IConstructor, IDisposable, ILRServices, IExtraSet, IVectorize,
-                             IConnectionPoint, INominalDataSetMetadata, IMissingMetadata>;
+using Faces =
+    testing::Types<IDataSet, IIterator, IIsDirty, IPersistable, ICloneableEx, IConstructor,
+                   IDisposable, ILRServices, IExtraSet, IVectorize, IConnectionPoint,
+                   INominalDataSetMetadata, IMissingMetadata, IDeploymentDataSet>;
 TYPED_TEST_SUITE(DataSetLiteFace, Faces);
 
 TYPED_TEST(DataSetLiteFace, BelongsToTheOneObject) {
