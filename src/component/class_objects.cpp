@@ -5,6 +5,7 @@
 #include "contracts/event_args_objects.h"
 #include "datasetlite/data_set_lite.h"
 #include "inmemory/in_memory_set.h"
+#include "original/original_data_set.h"
 #include "storage/run_tables.h"
 #include "tslm5/platform/object.h"
 
@@ -23,6 +24,7 @@ struct PublicClass {
 constexpr PublicClass kClasses[] = {
     {"DataSetLite", class_id::kDataSetLite, MakeDataSetLite},
     {"InMemorySet", class_id::kInMemorySet, MakeInMemorySet},
+    {"OriginalDataSet", class_id::kOriginalDataSet, MakeOriginalDataSet},
     {"ParseEventArgs", class_id::kParseEventArgs,
      [] { return Ref<IUnknown>(MakeParseEventArgs()); }},
     {"RecordParsedEventArgs", class_id::kRecordParsedEventArgs,

@@ -57,6 +57,8 @@ inline constexpr std::string_view kSelectOriginalTraining =
 inline constexpr std::string_view kSelectOriginalTesting =
     "SELECT od.* FROM OriginalData od INNER JOIN TestingSet ts ON od.row = ts.row ORDER BY "
     "ts.rowid";
+inline constexpr std::string_view kSelectTrainingColumn = "SELECT <NAME> FROM TrainingSet";
+inline constexpr std::string_view kSelectTestingColumn = "SELECT <NAME> FROM TestingSet";
 inline constexpr std::string_view kSelectOriginalLabels =
     "SELECT Label, ColumnIndex FROM OriginalDataLabels WHERE SetId=1 ORDER BY ColumnIndex";
 
@@ -106,7 +108,7 @@ inline constexpr std::string_view kSelectSeriesLabel =
 inline constexpr std::string_view kSelectSetName =
     "SELECT Name FROM vw_DataSetName WHERE Id = <SET_ID>";
 
-// DataSetStatistics. Two blanks after WHERE in the last one are meant.
+// DataSetStatistics. The blanks after WHERE in the last two are meant.
 inline constexpr std::string_view kDeleteStatistics =
     "DELETE FROM DataSetStatistics WHERE DataSetId = <SET_ID>";
 inline constexpr std::string_view kInsertStatistics =
@@ -117,6 +119,9 @@ inline constexpr std::string_view kSelectStatistics =
 inline constexpr std::string_view kSelectResponseMaximum =
     "SELECT Maximum FROM DataSetStatistics WHERE  DataSetId = <SET_ID> AND ColumnIndex = (SELECT "
     "ColumnIndex FROM DataSetColumn WHERE IsResponse = 1)";
+inline constexpr std::string_view kSelectAnyResponseMaximum =
+    "SELECT Maximum FROM DataSetStatistics WHERE   ColumnIndex = (SELECT ColumnIndex FROM "
+    "DataSetColumn WHERE IsResponse = 1)";
 
 // DataSetClassStatistics.
 inline constexpr std::string_view kCreateClassStatistics =

@@ -4,6 +4,7 @@
 
 #include "platform/raised.h"
 #include "tslm5/contracts/data_set.h"
+#include "tslm5/contracts/deployment_data_set.h"
 #include "tslm5/contracts/event_args.h"
 #include "tslm5/contracts/run_schema.h"
 
@@ -21,6 +22,8 @@ TEST(CreateObject, MakesANewObjectWithItsDefaults) {
 
 TEST(CreateObject, MakesEveryOtherClass) {
   EXPECT_EQ(CreateObject<IDataSet>(class_id::kInMemorySet)->TypeName(), "InMemorySet");
+  EXPECT_EQ(CreateObject<IDeploymentDataSet>(class_id::kOriginalDataSet)->TypeName(),
+            "OriginalDataSet");
   EXPECT_EQ(CreateObject<IParseEventArgs>(class_id::kParseEventArgs)->Rows(), 0);
   EXPECT_EQ(CreateObject<IRecordParsedEventArgs>(class_id::kRecordParsedEventArgs)->Current(), 0);
   EXPECT_EQ(CreateObject<IRunSchema>(class_id::kRunSchema)->NewestVersion(), 1);

@@ -7,6 +7,7 @@
 
 #include "tslm5/component/class_factory.h"
 #include "tslm5/contracts/data_set.h"
+#include "tslm5/contracts/deployment_data_set.h"
 #include "tslm5/contracts/event_args.h"
 #include "tslm5/contracts/run_schema.h"
 #include "tslm5/engine/connection_service.h"
@@ -23,6 +24,7 @@ struct PublicClass {
 constexpr PublicClass kClasses[] = {
     {class_id::kDataSetLite, "DataSetLite", IDataSet::kId},
     {class_id::kInMemorySet, "InMemorySet", IDataSet::kId},
+    {class_id::kOriginalDataSet, "OriginalDataSet", IDeploymentDataSet::kId},
     {class_id::kParseEventArgs, "ParseEventArgs", IParseEventArgs::kId},
     {class_id::kRecordParsedEventArgs, "RecordParsedEventArgs", IRecordParsedEventArgs::kId},
     {class_id::kRunSchema, "RunSchema", IRunSchema::kId},

@@ -78,6 +78,10 @@ std::vector<StatementCase> OriginalDataStatements() {
       {"kSelectOriginalTesting", std::string(kSelectOriginalTesting),
        "SELECT od.* FROM OriginalData od INNER JOIN TestingSet ts ON od.row = ts.row ORDER BY "
        "ts.rowid"},
+      {"kSelectTrainingColumn", FillStatement(kSelectTrainingColumn, {{"<NAME>", "d1"}}),
+       "SELECT d1 FROM TrainingSet"},
+      {"kSelectTestingColumn", FillStatement(kSelectTestingColumn, {{"<NAME>", "d1"}}),
+       "SELECT d1 FROM TestingSet"},
       {"kSelectOriginalLabels", std::string(kSelectOriginalLabels),
        "SELECT Label, ColumnIndex FROM OriginalDataLabels WHERE SetId=1 ORDER BY ColumnIndex"},
   };
@@ -97,6 +101,9 @@ std::vector<StatementCase> StatisticsStatements() {
       {"kSelectResponseMaximum", FillStatement(kSelectResponseMaximum, {{"<SET_ID>", "1"}}),
        "SELECT Maximum FROM DataSetStatistics WHERE  DataSetId = 1 AND ColumnIndex = (SELECT "
        "ColumnIndex FROM DataSetColumn WHERE IsResponse = 1)"},
+      {"kSelectAnyResponseMaximum", std::string(kSelectAnyResponseMaximum),
+       "SELECT Maximum FROM DataSetStatistics WHERE   ColumnIndex = (SELECT ColumnIndex FROM "
+       "DataSetColumn WHERE IsResponse = 1)"},
       {"kCreateClassStatistics", std::string(kCreateClassStatistics),
        "CREATE TABLE DataSetClassStatistics (Id INTEGER, DataSetId INTEGER, ColumnId INTEGER, "
        "Class FLOAT, Centroid float NOT NULL, Medoid float NOT NULL, Minimum float NOT NULL, "
