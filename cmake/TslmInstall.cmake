@@ -32,6 +32,20 @@ install(
 file(RELATIVE_PATH bin_to_lib "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
 set_target_properties(tslm5 PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
 install(TARGETS tslm5 RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
+set(documents "${PROJECT_BINARY_DIR}/host")
+install(
+  FILES "${documents}/tslm5.1"
+  DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+  COMPONENT runtime)
+install(
+  FILES "${documents}/tslm5.bash"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
+  RENAME tslm5
+  COMPONENT runtime)
+install(
+  FILES "${documents}/_tslm5"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions"
+  COMPONENT runtime)
 install(
   DIRECTORY "${PROJECT_SOURCE_DIR}/include/tslm5"
   DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"

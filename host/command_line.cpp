@@ -67,14 +67,20 @@ Invocation Telling(std::string text) {
 
 }  // namespace
 
+void DescribeProgram(CLI::App& program, Invocation& invocation) {
+  program.name("tslm5");
+  program.description(
+      "Checks delimited data, loads it into a run database and shows what it holds.");
+  program.set_version_flag("--version", "tslm5 " TSLM5_VERSION);
+  program.require_subcommand(1);
+  program.footer(kExamples);
+  for (const AddCommand add : kCommands) add(program, invocation);
+}
+
 Invocation ParseCommandLine(int argc, const char* const* argv) {
-  CLI::App app("Checks delimited data, loads it into a run database and shows what it holds.",
-               "tslm5");
-  app.set_version_flag("--version", "tslm5 " TSLM5_VERSION);
-  app.require_subcommand(1);
-  app.footer(kExamples);
+  CLI::App app;
   Invocation invocation;
-  for (const AddCommand add : kCommands) add(app, invocation);
+  DescribeProgram(app, invocation);
   RequireKnownCommand(app, argc, argv);
   try {
     app.parse(argc, argv);

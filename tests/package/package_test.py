@@ -54,6 +54,11 @@ class Installed(unittest.TestCase):
         run(program, "load", self.data, "--run", run_file)
         self.assertIn('"rows":[[1,2],[3,4],[5,6.5]]', run(program, "show", run_file, "--json"))
 
+    def test_the_page_and_the_completions_are_installed(self):
+        for name in ("man/man1/tslm5.1", "bash-completion/completions/tslm5",
+                     "zsh/vendor-completions/_tslm5"):
+            self.assertTrue((self.prefix / "share" / name).is_file(), name)
+
     def test_clients_find_the_package(self):
         build = self.folder / "client"
         run("cmake", "-S", HERE / "client", "-B", build, "-G", "Ninja",
