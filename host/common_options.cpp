@@ -42,6 +42,13 @@ std::int32_t ProblemCategory(const std::string& name) {
   return problem_category::kRegression;
 }
 
+std::string ProblemName(std::int32_t code) {
+  for (const char* name : {"classification", "timeseries", "binary"}) {
+    if (ProblemCategory(name) == code) return name;
+  }
+  return "regression";
+}
+
 std::string RunName(const std::string& run) {
   if (!run.empty() && !run.starts_with(':') && !run.starts_with("file:")) return run;
   throw Failure(

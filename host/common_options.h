@@ -27,6 +27,9 @@ CLI::Option* AddJson(CLI::App& command, bool& json);
 /// The code (`problem_category`) of a problem as the user names it.
 std::int32_t ProblemCategory(const std::string& name);
 
+/// The name of a problem's code, as the user names it.
+std::string ProblemName(std::int32_t code);
+
 /// `run`, when it is the path of a file. Raises `Failure`, wrong usage, for what only the database
 /// engine would understand.
 std::string RunName(const std::string& run);

@@ -3,14 +3,17 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
+#include "host/cell_rule.h"
 #include "host/cell_survey.h"
 #include "host/check_report.h"
-#include "host/delimited_text.h"
 #include "host/failure.h"
 #include "host/file_check.h"
+#include "host/load_files.h"
 #include "host/load_report.h"
+#include "host/prepared_load.h"
 #include "host/problem_list.h"
 #include "host/shown_text.h"
 #include "host/store_set.h"
@@ -20,30 +23,9 @@
 namespace tslm5::host {
 namespace {
 
-SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view text,
-                                bool comma_is_decimal) {
-  if (options.separator != nullptr) return {options.separator, "as asked for"};
-  SeparatorChoice choice = GuessSeparator(text, comma_is_decimal);
-  const bool is_none = choice.separator->code == separator_code::kNone;
-  if (is_none && options.layout == layout_code::kRecordsInColumns) {
-    throw Failure(ExitCode::kRefused,
-                  "no separator gives the same number of fields in every line; with the layout "
-                  "columns one is needed (--separator)");
-  }
-  return choice;
-}
-
-DelimitedText ReadDelimited(const LoadOptions& options, SeparatorChoice& choice,
-                            bool comma_is_decimal) {
-  DelimitedText delimited;
-  delimited.text = ReadTextFile(options.file);
-  choice = ChooseSeparator(options, delimited.text, comma_is_decimal);
-  delimited.separator = choice.separator;
-  delimited.has_label_line = options.has_labels;
-  delimited.is_transposed = options.layout == layout_code::kRecordsInColumns;
-  if (delimited.is_transposed) delimited.text = Transposed(delimited.text, *choice.separator);
-  return delimited;
-}
+constexpr const char* kNoLabels =
+    "the first line was dropped, but not taken for labels: one of them is a number, or two are the "
+    "same; the set has no labels (--no-labels keeps the line as a record)";
 
 /// Refuses a file that the data check refuses, in its words. One whose records are its columns is
 /// looked at by the survey alone: the check knows records in lines.
@@ -69,8 +51,7 @@ void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
         options.layout == layout_code::kRecordsInColumns
             ? "the set has no labels: with the layout columns the first line is tested for labels "
               "before it is turned, and it holds values"
-            : "the first line was dropped, but not taken for labels: one of them is a number, or "
-              "two are the same; the set has no labels (--no-labels keeps the line as a record)");
+            : kNoLabels);
   }
   if (survey.blanks.first) {
     const CellPlace& place = *survey.blanks.first;
@@ -81,19 +62,106 @@ void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
   }
 }
 
+/// Whether the user asks for more than to store a file's numbers.
+bool AsksForMore(const LoadOptions& options) {
+  return !options.response.empty() || options.problem || !options.testing.empty() ||
+         options.testing_share || options.scale || options.positive_class ||
+         !options.missing_tokens.empty();
+}
+
+/// The survey of a file of numbers alone, which the dataset loads by itself; nothing for any other.
+std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is_decimal) {
+  try {
+    CellSurvey survey = SurveyCells(text, comma_is_decimal);
+    if (survey.text.count == 0 && survey.missing.count == 0) return survey;
+  } catch (const Failure& failure) {
+    if (failure.Code() == ExitCode::kInterrupted) throw;
+  }
+  return std::nullopt;
+}
+
+/// The response of a testing set is where the run has it, unless the user says where.
+std::string ResponseName(const LoadOptions& options, const RunGlimpse& run,
+                         const FieldTable& table) {
+  if (!options.response.empty() || options.set->type == data_set_type::kTraining) {
+    return options.response;
+  }
+  const auto known = std::find(table.labels.begin(), table.labels.end(), run.response);
+  return known == table.labels.end() ? "" : run.response;
+}
+
+/// Whether a testing set has its response elsewhere than in its last column.
+bool MustMoveResponse(const LoadOptions& options, const RunGlimpse& run, const DelimitedText& text,
+                      bool comma_is_decimal) {
+  if (options.set->type == data_set_type::kTraining || run.response.empty()) return false;
+  const FieldTable table = ReadFields(text, comma_is_decimal);
+  return !table.labels.empty() && table.labels.back() != run.response &&
+         !ResponseName(options, run, table).empty();
+}
+
+/// Whether the records of a text are all of one length.
+bool CanReadFields(const DelimitedText& text, bool comma_is_decimal) {
+  try {
+    ReadFields(text, comma_is_decimal);
+    return true;
+  } catch (const Failure& failure) {
+    if (failure.Code() == ExitCode::kInterrupted) throw;
+    return false;
+  }
+}
+
+void Report(const LoadReport& report, bool json, Output& output) {
+  for (const std::string& warning : report.stored.warnings) Warn(warning);
+  output.Write(json ? LoadJson(report) : LoadText(report));
+}
+
+void LoadNumbers(const LoadOptions& options, const FieldFile& file, const CellSurvey& survey,
+                 Output& output) {
+  StoredSet stored = StoreSet(options, file.text, survey);
+  AddWarnings(options, file.separator, survey, stored);
+  Report({options, file.separator, survey, stored, nullptr, nullptr}, options.json, output);
+}
+
+void LoadPrepared(const LoadOptions& options, const RunGlimpse& run, FieldFile& file,
+                  bool comma_is_decimal, Output& output) {
+  file.table = ReadFields(file.text, comma_is_decimal);
+  RequireStructure(options, options.file, file, comma_is_decimal);
+  PlaceResponse(file.table, ResponseName(options, run, file.table));
+  std::optional<FieldFile> testing;
+  if (!options.testing.empty()) {
+    testing = ReadTextOf(options, options.testing, comma_is_decimal);
+    testing->table = ReadFields(testing->text, comma_is_decimal);
+    RequireStructure(options, options.testing, *testing, comma_is_decimal);
+    PlaceResponse(testing->table, options.response);
+  }
+  PreparedLoad load = StorePrepared(options, file, testing ? &*testing : nullptr, comma_is_decimal);
+  const CellSurvey survey =
+      SurveyFields(file.table, CellRule(comma_is_decimal, load.preparation.missing_tokens));
+  if (options.has_labels && file.table.labels.empty()) {
+    load.stored.warnings.emplace_back(kNoLabels);
+  }
+  Report({options, file.separator, survey, load.stored, &load, &file.table}, options.json, output);
+}
+
 }  // namespace
 
 void RunLoad(const LoadOptions& options, Output& output) {
   const bool comma_is_decimal = UserHasDecimalComma();
-  SeparatorChoice choice;
-  const DelimitedText text = ReadDelimited(options, choice, comma_is_decimal);
-  RequireValid(options, text, comma_is_decimal);
-  const CellSurvey survey = SurveyCells(text, comma_is_decimal);
-  StoredSet stored = StoreSet(options, text, survey);
-  AddWarnings(options, choice, survey, stored);
-  for (const std::string& warning : stored.warnings) Warn(warning);
-  const LoadReport report{options, choice, survey, stored};
-  output.Write(options.json ? LoadJson(report) : LoadText(report));
+  FieldFile file = ReadTextOf(options, options.file, comma_is_decimal);
+  const std::optional<CellSurvey> numbers = SurveyNumbers(file.text, comma_is_decimal);
+  const RunGlimpse run = GlimpseRun(options.run);
+  const bool is_testing = options.set->type == data_set_type::kTesting;
+  const bool goes_on = run.is_prepared && (is_testing ? run.has_training : run.has_testing);
+  if (numbers && !goes_on && !AsksForMore(options) &&
+      !MustMoveResponse(options, run, file.text, comma_is_decimal)) {
+    RequireValid(options, file.text, comma_is_decimal);
+    return LoadNumbers(options, file, *numbers, output);
+  }
+  if (!numbers && !CanReadFields(file.text, comma_is_decimal)) {
+    RequireValid(options, file.text, comma_is_decimal);
+    SurveyCells(file.text, comma_is_decimal);  // tells what is wrong with the records
+  }
+  LoadPrepared(options, run, file, comma_is_decimal, output);
 }
 
 }  // namespace tslm5::host

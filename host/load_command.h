@@ -2,15 +2,20 @@
 #define TSLM5_HOST_LOAD_COMMAND_H_
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/invocation.h"
+#include "host/run_scale.h"
 #include "host/separators.h"
 #include "host/set_names.h"
 #include "tslm5/contracts/codes.h"
 
 namespace tslm5::host {
+
+/// What a split is drawn with when the user names no seed: the same file gives the same split.
+inline constexpr std::uint32_t kDefaultSeed = 1;
 
 struct LoadOptions {
   std::string file;
@@ -19,6 +24,14 @@ struct LoadOptions {
   const Separator* separator = nullptr;  ///< nullptr: to be found out
   bool has_labels = true;
   std::int32_t layout = layout_code::kRecordsInRows;
+  std::string response;                 ///< label or dN; "": the last column
+  std::optional<std::int32_t> problem;  ///< `problem_category`
+  std::string testing;                  ///< the file of the testing set; "": none
+  std::optional<double> testing_share;  ///< of the records, drawn for testing
+  std::uint32_t seed = kDefaultSeed;
+  std::optional<RunScale> scale;
+  std::optional<std::string> positive_class;
+  std::vector<std::string> missing_tokens;
   bool checks = true;      ///< the data check comes first
   bool statistics = true;  ///< the set's figures are computed
   bool json = false;

@@ -5,6 +5,7 @@
 
 #include "host/cell_survey.h"
 #include "host/load_command.h"
+#include "host/prepared_load.h"
 #include "host/store_set.h"
 
 namespace tslm5::host {
@@ -15,6 +16,8 @@ struct LoadReport {
   const SeparatorChoice& separator;
   const CellSurvey& survey;
   const StoredSet& stored;
+  const PreparedLoad* prepared;  ///< nullptr where the numbers are those of the file
+  const FieldTable* fields;      ///< of a prepared load: where its columns are in the file
 };
 
 /// In words, a line a subject.

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "tslm5/contracts/codes.h"
-
 namespace tslm5::host {
 namespace {
 
@@ -24,22 +22,21 @@ std::vector<std::string> LabelsOf(IDataSet& data_set) {
   return labels;
 }
 
-void WriteColumns(const RunSession& session, IDataSet& data_set, const CellSurvey& survey) {
+void WriteColumns(const RunSession& session, const std::vector<ColumnNote>& columns,
+                  bool has_labels) {
   IConnection& connection = session.Connection();
   connection.Execute("DELETE FROM DataSetColumn");
   connection.Execute("DELETE FROM OriginalDataLabels WHERE SetId = 1");
-  const bool has_labels = data_set.HasLabels();
-  const std::vector<std::string> labels = LabelsOf(data_set);
-  for (std::size_t column = 0; column < labels.size(); ++column) {
-    const std::string name = fmt::format("d{}", column);
-    const bool is_response = column + 1 == labels.size();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const ColumnNote& column = columns[i];
+    const std::string name = fmt::format("d{}", i);
     connection.Execute(
-        fmt::format("INSERT INTO DataSetColumn VALUES (NULL, {}, '{}', {}, 0, {}, 0, {})", column,
-                    name, SqlText(has_labels ? labels[column] : name),
-                    survey.missing_by_column[column], is_response ? 1 : 0));
+        fmt::format("INSERT INTO DataSetColumn VALUES (NULL, {}, '{}', {}, {}, {}, 0, {})", i, name,
+                    SqlText(has_labels ? column.label : name), column.is_nominal ? 1 : 0,
+                    column.missing, i + 1 == columns.size() ? 1 : 0));
     connection.Execute(
         fmt::format("INSERT INTO OriginalDataLabels (Label, ColumnIndex, SetId) VALUES ({}, {}, 1)",
-                    SqlText(labels[column]), column));
+                    SqlText(column.label), i));
   }
 }
 
@@ -47,11 +44,6 @@ void ForgetFormerSet(const RunSession& session, std::int32_t type) {
   DeleteFrom(session, "DataSetLabels", fmt::format("SetId = {}", type));
   DeleteFrom(session, "DataSetStatistics", fmt::format("DataSetId = {}", type));
   DeleteFrom(session, "DataSetClassStatistics", fmt::format("DataSetId = {}", type));
-  if (type != data_set_type::kTraining) return;
-  for (const char* table : {"DataSetColumnCategories", "MissingMappings",
-                            "DataSetStatisticsForCode", "DataSetStatisticsForMissing"}) {
-    DeleteFrom(session, table, "1");
-  }
 }
 
 std::string SqlText(std::string_view text) {

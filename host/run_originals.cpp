@@ -25,15 +25,6 @@ void MoveKeys(IConnection& connection, std::string_view table, std::int32_t dist
   connection.Execute(fmt::format("UPDATE {} SET row = -row WHERE row < 0", table));
 }
 
-void CreateOriginals(IConnection& connection, std::int32_t columns) {
-  if (connection.TableExists("OriginalData")) connection.Execute("DROP TABLE OriginalData");
-  std::string sql = "CREATE TABLE OriginalData (";
-  for (std::int32_t column = 0; column < columns; ++column) {
-    sql += fmt::format("d{} TEXT, ", column);
-  }
-  connection.Execute(sql + "row INTEGER PRIMARY KEY)");
-}
-
 /// Leaves of the originals those whose keys stand in `kept_table`.
 void KeepOriginalsOf(const RunSession& session, std::string_view kept_table, std::int32_t columns) {
   IConnection& connection = session.Connection();
@@ -53,7 +44,57 @@ void AppendQuoted(std::string& sql, std::string_view text) {
   sql += '\'';
 }
 
+/// `INSERT` of one record's texts.
+void InsertOriginals(IConnection& connection, const std::string_view* fields, std::size_t columns,
+                     std::int32_t row_key, std::string& sql) {
+  char key[kIntegerText];
+  sql = "INSERT INTO OriginalData VALUES (";
+  for (std::size_t column = 0; column < columns; ++column) {
+    AppendQuoted(sql, fields[column]);
+    sql += ", ";
+  }
+  sql.append(key, std::to_chars(key, key + sizeof key, row_key).ptr);
+  sql += ");";
+  connection.Execute(sql);
+}
+
+bool AreConsecutive(const std::vector<std::int32_t>& keys) {
+  return keys.back() - keys.front() == static_cast<std::int32_t>(keys.size()) - 1;
+}
+
 }  // namespace
+
+void CreateOriginals(IConnection& connection, std::int32_t columns) {
+  if (connection.TableExists("OriginalData")) connection.Execute("DROP TABLE OriginalData");
+  std::string sql = "CREATE TABLE OriginalData (";
+  for (std::int32_t column = 0; column < columns; ++column) {
+    sql += fmt::format("d{} TEXT, ", column);
+  }
+  connection.Execute(sql + "row INTEGER PRIMARY KEY)");
+}
+
+std::vector<std::int32_t> ReadRowKeys(IConnection& connection, std::string_view table) {
+  std::vector<std::int32_t> keys;
+  const Ref<IDataReader> reader =
+      connection.ExecuteReader(fmt::format("SELECT row FROM {} ORDER BY row", table));
+  while (reader->Read()) keys.push_back(reader->GetInteger(0));
+  reader->Close();
+  return keys;
+}
+
+void SetRowKeys(IConnection& connection, std::string_view table,
+                const std::vector<std::int32_t>& keys) {
+  if (keys.empty()) return;
+  if (AreConsecutive(keys)) return MoveKeys(connection, table, keys.front() - 1, "1");
+  connection.Execute("CREATE TABLE RowKeys (position INTEGER PRIMARY KEY, key INTEGER)");
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    connection.Execute(fmt::format("INSERT INTO RowKeys VALUES ({}, {});", i + 1, keys[i]));
+  }
+  connection.Execute(fmt::format(
+      "UPDATE {0} SET row = -(SELECT key FROM RowKeys WHERE position = {0}.row)", table));
+  connection.Execute(fmt::format("UPDATE {} SET row = -row", table));
+  connection.Execute("DROP TABLE RowKeys");
+}
 
 std::int32_t ArrangeRowKeys(const RunSession& session, std::int32_t type, std::int32_t records,
                             std::int32_t columns) {
@@ -82,20 +123,25 @@ void WriteOriginals(IConnection& connection, const DelimitedText& text, const Ce
   RecordReader reader(text);
   std::vector<std::string_view> fields;
   std::string sql;
-  char key[kIntegerText];
   for (std::int32_t record = 0; reader.Next(); ++record) {
     StopIfInterrupted();
     SplitLine(reader.Raw(), *text.separator, fields);
     if (fields.size() != survey.columns) SplitAtBlanks(reader.Clean(), fields);
-    sql = "INSERT INTO OriginalData VALUES (";
-    for (const std::string_view field : fields) {
-      AppendQuoted(sql, field);
-      sql += ", ";
-    }
-    sql.append(key, std::to_chars(key, key + sizeof key, first_key + record).ptr);
-    sql += ");";
-    connection.Execute(sql);
+    InsertOriginals(connection, fields.data(), fields.size(), first_key + record, sql);
     progress.At(record);
+  }
+}
+
+void WriteOriginals(IConnection& connection, const FieldTable& table,
+                    const std::vector<std::size_t>& records, const std::vector<std::int32_t>& keys,
+                    Progress& progress) {
+  progress.Begin("Keeping the originals", static_cast<std::int64_t>(records.size()));
+  std::string sql;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    StopIfInterrupted();
+    InsertOriginals(connection, table.fields.data() + records[i] * table.columns, table.columns,
+                    keys[i], sql);
+    progress.At(static_cast<std::int64_t>(i));
   }
 }
 

@@ -1,10 +1,14 @@
 #ifndef TSLM5_HOST_RUN_ORIGINALS_H_
 #define TSLM5_HOST_RUN_ORIGINALS_H_
 
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
+#include <vector>
 
 #include "host/cell_survey.h"
 #include "host/delimited_text.h"
+#include "host/field_table.h"
 #include "host/progress.h"
 #include "host/run_session.h"
 
@@ -19,6 +23,22 @@ namespace tslm5::host {
 /// Returns the key of the set's first record.
 std::int32_t ArrangeRowKeys(const RunSession& session, std::int32_t type, std::int32_t records,
                             std::int32_t columns);
+
+/// Makes `OriginalData` anew, empty.
+void CreateOriginals(IConnection& connection, std::int32_t columns);
+
+/// Gives the records of a data table, whose keys are 1, 2, ..., these keys. REQUIRES: ascending.
+void SetRowKeys(IConnection& connection, std::string_view table,
+                const std::vector<std::int32_t>& keys);
+
+/// The keys of a data table's records, in order.
+std::vector<std::int32_t> ReadRowKeys(IConnection& connection, std::string_view table);
+
+/// Writes the texts of these records of a table of fields, each under its key. Raises `Failure`
+/// "cancelled" on Ctrl-C.
+void WriteOriginals(IConnection& connection, const FieldTable& table,
+                    const std::vector<std::size_t>& records, const std::vector<std::int32_t>& keys,
+                    Progress& progress);
 
 /// Writes the records' texts as they stand in the file, without the blanks around a field, under
 /// keys counted up from `first_key`. Raises `Failure` "cancelled" on Ctrl-C.

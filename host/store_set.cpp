@@ -2,65 +2,22 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
-#include <nlohmann/json.hpp>
-
 #include "host/failure.h"
 #include "host/interruption.h"
+#include "host/load_note.h"
+#include "host/load_watcher.h"
 #include "host/progress.h"
-#include "host/run_history.h"
 #include "host/run_metadata.h"
 #include "host/run_originals.h"
+#include "host/run_preparation.h"
 #include "host/run_session.h"
+#include "host/set_agreement.h"
 #include "host/shown_text.h"
 #include "host/statistics_feedback.h"
-#include "tslm5/contracts/event_handlers.h"
 #include "tslm5/contracts/lifecycle.h"
-#include "tslm5/platform/connection_point.h"
 
 namespace tslm5::host {
 namespace {
-
-const SetName& OtherSet(const SetName& set) {
-  return *FindSet(set.type == data_set_type::kTraining ? "testing" : "training");
-}
-
-/// The records of both sets are records of one problem: they must have the same columns.
-void RequireSameColumns(const RunSession& session, const SetName& set, std::size_t columns) {
-  const SetName& other = OtherSet(set);
-  const std::int32_t other_columns = session.ColumnsOf(other.table);
-  if (other_columns == 0 || other_columns == static_cast<std::int32_t>(columns)) return;
-  throw Failure(
-      ExitCode::kRefused,
-      fmt::format("the {} set has {} columns, but the {} set of the run has {}; both must "
-                  "have the same",
-                  set.name, columns, other.name, other_columns));
-}
-
-/// Shows the load's progress and hands Ctrl-C on while it is attached.
-class LoadWatcher {
- public:
-  LoadWatcher(IDataSet& data_set, Progress& progress)
-      : source_(Query<IConnectionPoint>(&data_set)) {
-    const auto handlers = MakeObject<EventHandlers>();
-    handlers->on_before_data_load = [&progress](IDataSet&, IParseEventArgs& arguments) {
-      progress.Begin("Loading", arguments.Rows());
-      if (Interrupted()) arguments.put_Cancel(true);
-    };
-    handlers->on_record_parsed = [&progress](IRecordParsedEventArgs& arguments) {
-      progress.At(arguments.Current());
-      if (Interrupted()) arguments.put_Cancel(true);
-    };
-    cookie_ = source_->Advise(handlers.get());
-  }
-  LoadWatcher(const LoadWatcher&) = delete;
-  LoadWatcher& operator=(const LoadWatcher&) = delete;
-  ~LoadWatcher() { source_->Unadvise(cookie_); }
-
- private:
-  Ref<IConnectionPoint> source_;
-  std::int32_t cookie_ = 0;
-};
 
 /// What the refusal of a record means; an apostrophe is what a data table does not take in a cell.
 Failure Refusal(const Error& error, const CellSurvey& survey) {
@@ -102,36 +59,12 @@ void RequireAllRecords(const StoredSet& stored, const CellSurvey& survey) {
                             survey.empty_lines, stored.rows, stored.columns));
 }
 
-/// The labels of a run are those of its training set: another set's should be the same.
-void CompareLabels(const RunSession& session, StoredSet& stored, const SetName& set) {
-  if (!stored.has_labels) return;
-  const Ref<IDataReader> reader =
-      session.Connection().ExecuteReader("SELECT OriginalLabel FROM DataSetColumn ORDER BY Id");
-  for (std::size_t column = 0; column < stored.labels.size() && reader->Read(); ++column) {
-    const std::string kept = reader->GetString(0);
-    if (kept == stored.labels[column]) continue;
-    stored.warnings.push_back(fmt::format("column {} is called {} in the {} set, but {} in the run",
-                                          column + 1, Quoted(stored.labels[column]), set.name,
-                                          Quoted(kept)));
-    break;
+std::vector<ColumnNote> NotesOf(const StoredSet& stored, const CellSurvey& survey) {
+  std::vector<ColumnNote> notes;
+  for (std::size_t i = 0; i < stored.labels.size(); ++i) {
+    notes.push_back({stored.labels[i], survey.missing_by_column[i], false});
   }
-  reader->Close();
-}
-
-void NoteLoad(const RunSession& session, const LoadOptions& options, const DelimitedText& text,
-              const StoredSet& stored) {
-  HistoryEntry entry;
-  entry.command = "load";
-  entry.set = options.set->type;
-  entry.file = std::filesystem::absolute(options.file).lexically_normal().string();
-  entry.words = LoadWords(options, *text.separator);
-  const nlohmann::ordered_json parameters = {{"separator", text.separator->name},
-                                             {"labels", text.has_label_line},
-                                             {"layout", text.is_transposed ? "columns" : "rows"},
-                                             {"rows", stored.rows},
-                                             {"columns", stored.columns}};
-  entry.parameters = parameters.dump();
-  WriteHistory(session, entry);
+  return notes;
 }
 
 StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
@@ -151,12 +84,17 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
   stored.labels = LabelsOf(*data_set);
 
   ForgetFormerSet(session, set.type);
+  if (set.type == data_set_type::kTraining) {
+    ForgetPreparation(session);
+    WritePlainParameters(session);
+  }
   const bool is_leading = set.type == data_set_type::kTraining ||
                           !session.Connection().TableExists(OtherSet(set).table);
   if (is_leading) {
-    WriteColumns(session, *data_set, survey);
-  } else {
-    CompareLabels(session, stored, set);
+    WriteColumns(session, NotesOf(stored, survey), stored.has_labels);
+  } else if (stored.has_labels) {
+    const auto warning = CompareLabels(session, stored.labels, set);
+    if (warning) stored.warnings.push_back(*warning);
   }
   const std::int32_t first_key = ArrangeRowKeys(session, set.type, stored.rows, stored.columns);
   WriteOriginals(session.Connection(), text, survey, first_key, progress);

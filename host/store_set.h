@@ -2,6 +2,7 @@
 #define TSLM5_HOST_STORE_SET_H_
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,7 @@ struct StoredSet {
   std::int32_t columns = 0;
   bool has_labels = false;
   std::vector<std::string> labels;
+  std::optional<std::int32_t> testing_rows;  ///< of the testing set that came with the training set
   std::vector<std::string> warnings;
 };
 

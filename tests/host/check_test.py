@@ -207,21 +207,32 @@ class CheckedLoadTest(HostCase):
     def test_a_refused_file_leaves_the_run_as_it_was(self):
         self.load(VALID)
         before = dump(self.run_path)
-        file = self.write("bad.csv", "a,b\n1,2\n3,x\n")
-        advice = " (tslm5 check --all tells every problem; --no-check loads without the check)"
+        file = self.write("bad.csv", "a,b\n1,2\n\n3,4\n")
         words = (
-            'line 3, record 2, column 2 (b): "x": Invalid Training. Value in row 2, column 2. is '
-            "invalid: x"
+            "line 3: Invalid Training. The data contains empty rows. (tslm5 check --all tells "
+            "every problem; --no-check loads without the check)"
         )
-        self.failed(1, words + advice, "load", file, "--run", self.run_path)
-        self.assertEqual(dump(self.run_path), before)
-        self.failed(1, words + advice, "load", file, "--run", self.folder / "new.db")
-        self.assertFalse((self.folder / "new.db").exists())
+        for option in ([], ["--missing", "5"]):  # stored as it stands, and prepared
+            self.failed(1, words, "load", file, "--run", self.run_path, *option)
+            self.assertEqual(dump(self.run_path), before)
+            self.failed(1, words, "load", file, "--run", self.folder / "new.db", *option)
+            self.assertFalse((self.folder / "new.db").exists())
+
+    def test_words_and_missing_cells_do_not_refuse_a_load(self):
+        file = self.write("words.csv", "a,b\nNA,2\nred,3\nNew York,4\n")
+        printed = self.done("load", file, "--run", self.run_path, "--json")
+        self.assertEqual(json.loads(printed)["textCells"], 2)
+
+    def test_labels_that_do_not_fit_refuse_a_load_of_words(self):
+        file = self.write("words.csv", "a,b\nred,3,1\nblue,4,2\n")
+        result = self.program("load", file, "--run", self.run_path)
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("labels", result.stderr)
 
     def test_without_the_check(self):
-        file = self.write("bad.csv", "a,b\n1,2\n3,x\n")
+        file = self.write("bad.csv", "a,b\n1,2\n\n3,4\n")
         printed = self.done("load", file, "--run", self.run_path, "--no-check", "--json")
-        self.assertEqual(json.loads(printed)["textCells"], 1)
+        self.assertEqual(json.loads(printed)["rows"], 2)
 
 
 if __name__ == "__main__":

@@ -5,12 +5,26 @@ import unittest
 
 from host_case import HostCase, change, dump, query
 
-WORDS = "name,weight,price\nred,1.50,NA\ngreen,,2\n\nblue,3;5,4\n"
+WORDS = "name,weight,price\nred,1.50,7\ngreen,,2\n\nblue,NA,4\n"
+NUMBERS = "a,b\n1,2\n\n3;5,4\n"
 
 
 class LoadTest(HostCase):
     def test_tells_what_it_did(self):
-        file = self.write("words.csv", WORDS)
+        self.write("numbers.csv", NUMBERS)
+        self.assertEqual(
+            self.done("load", "numbers.csv", "--run", "run.db", "--no-check"),
+            "numbers.csv is the training set of run.db\n"
+            "separator  comma: it gives 2 fields in each of the 3 lines looked at\n"
+            "lines      4 read = 2 records + 1 label line + 1 empty line\n"
+            "records    2 stored\n"
+            "columns    2: a, b\n"
+            "changed    1 cell lost a tab or a semicolon; the first: line 4, column 1 (a): "
+            '"3;5"\n',
+        )
+
+    def test_tells_what_it_made_of_words(self):
+        self.write("words.csv", WORDS)
         self.assertEqual(
             self.done("load", "words.csv", "--run", "run.db", "--no-check"),
             "words.csv is the training set of run.db\n"
@@ -18,17 +32,17 @@ class LoadTest(HostCase):
             "lines      5 read = 3 records + 1 label line + 1 empty line\n"
             "records    3 stored\n"
             "columns    3: name, weight, price\n"
-            "missing    2 cells without a value, kept as missing; the first: line 2, column 3 "
-            '(price): "NA"\n'
-            "text       3 cells with a text that is no number, read as missing; the first: line 2, "
-            'column 1 (name): "red"\n'
-            "changed    1 cell lost a tab or a semicolon; the first: line 5, column 2 (weight): "
-            '"3;5"\n',
+            "missing    2 cells without a value, kept as missing; the first: line 3, column 2 "
+            '(weight): ""\n'
+            "words      3 cells with a word, coded; the first: line 2, column 1 (name): "
+            '"red"\n'
+            "response   price (regression)\n"
+            "coded      name: 3 categories\n"
+            'tokens     weight: "" 1, "NA" 1\n',
         )
-        self.assertTrue(file.exists())
 
     def test_json_is_one_object_with_all_keys(self):
-        file = self.write("words.csv", WORDS)
+        file = self.write("numbers.csv", NUMBERS)
         printed = self.done("load", file, "--run", self.run_path, "--json", "--no-check")
         self.assertEqual(
             json.loads(printed),
@@ -38,35 +52,46 @@ class LoadTest(HostCase):
                 "file": str(file),
                 "separator": "comma",
                 "layout": "rows",
-                "lines": 5,
-                "rows": 3,
+                "lines": 4,
+                "rows": 2,
                 "labelLines": 1,
                 "emptyLines": 1,
-                "columns": 3,
+                "columns": 2,
                 "hasLabels": True,
-                "labels": ["name", "weight", "price"],
-                "missingCells": 2,
-                "textCells": 3,
+                "labels": ["a", "b"],
+                "missingCells": 0,
+                "textCells": 0,
                 "changedCells": 1,
-                "firstMissingCell": {"line": 2, "column": 3, "label": "price", "value": "NA"},
-                "firstTextCell": {"line": 2, "column": 1, "label": "name", "value": "red"},
-                "firstChangedCell": {"line": 5, "column": 2, "label": "weight", "value": "3;5"},
+                "firstMissingCell": None,
+                "firstTextCell": None,
+                "firstChangedCell": {"line": 4, "column": 1, "label": "a", "value": "3;5"},
                 "warnings": [],
+                "preparation": None,
             },
+        )
+
+    def test_json_tells_of_words_and_missing_cells(self):
+        loaded = self.load(WORDS)
+        self.assertEqual((loaded["missingCells"], loaded["textCells"]), (2, 3))
+        self.assertEqual(
+            loaded["firstMissingCell"], {"line": 3, "column": 2, "label": "weight", "value": ""}
+        )
+        self.assertEqual(
+            loaded["firstTextCell"], {"line": 2, "column": 1, "label": "name", "value": "red"}
         )
 
     def test_writes_the_application_s_part_of_the_run(self):
         self.load(WORDS)
         self.assertEqual(
             query(self.run_path, "SELECT * FROM OriginalData"),
-            [("red", "1.50", "NA", 1), ("green", "", "2", 2), ("blue", "3;5", "4", 3)],
+            [("red", "1.50", "7", 1), ("green", "", "2", 2), ("blue", "NA", "4", 3)],
         )
         self.assertEqual(
             query(self.run_path, "SELECT * FROM DataSetColumn"),
             [
-                (1, 0, "d0", "name", 0, 0, 0, 0),
-                (2, 1, "d1", "weight", 0, 1, 0, 0),
-                (3, 2, "d2", "price", 0, 1, 0, 1),
+                (1, 0, "d0", "name", 1, 0, 0, 0),
+                (2, 1, "d1", "weight", 0, 2, 0, 0),
+                (3, 2, "d2", "price", 0, 0, 0, 1),
             ],
         )
         self.assertEqual(
@@ -80,6 +105,18 @@ class LoadTest(HostCase):
         types = query(self.run_path, "SELECT name, type FROM pragma_table_info('OriginalData')")
         self.assertEqual(
             types, [("d0", "TEXT"), ("d1", "TEXT"), ("d2", "TEXT"), ("row", "INTEGER")]
+        )
+
+    def test_a_run_of_numbers_has_its_parameters_too(self):
+        self.load(NUMBERS)
+        self.assertEqual(
+            query(
+                self.run_path,
+                "SELECT namespace, element, intvalue FROM RunParameters WHERE element IN "
+                "('ProblemCategory', 'Merging', 'NormalizationType')",
+            ),
+            [("set_gen", "ProblemCategory", 0), ("data", "Merging", 0),
+             ("data", "NormalizationType", 0)],
         )
 
     def test_originals_are_trimmed_and_quoted(self):

@@ -95,25 +95,6 @@ class RefusalTest(HostCase):
             "a,b\n1,2,3\n4,5,6\n",
         )
 
-    def test_an_apostrophe_in_a_cell(self):
-        self.refused(
-            'line 3, column 2: the loader does not take the apostrophe in "it\'s"',
-            "a,b\n1,2\n3,it's\n",
-        )
-
-    def test_a_statement_in_a_cell(self):
-        self.refused(
-            'line 2, column 1: the loader does not take the apostrophe in "1\')DROP/**/TABLE"',
-            "a,b\n1');DROP/**/TABLE,2\n3,4\n",
-            *("--separator", "comma"),
-        )
-        self.refused(
-            "line 3 has 6 fields, but the first record, on line 2, has 2; the blank in \"1'); DROP "
-            'TABLE TrainingSet; --" counts as a separator too',
-            "a,b\n1,2\n1'); DROP TABLE TrainingSet; --,2\n",
-            *("--separator", "comma"),
-        )
-
     def test_control_characters_are_not_shown_as_such(self):
         label = "\x1b[31m" + "x" * 70
         self.refused(

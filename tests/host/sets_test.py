@@ -58,15 +58,15 @@ class SetsTest(HostCase):
         self.assertEqual(self.originals(), [(1, "1"), (2, "2"), (3, "3"), (4, "7"), (5, "8")])
 
     def test_the_columns_are_those_of_the_training_set(self):
-        self.load("a,b\n1,NA\n")
-        self.load("a,b\nNA,2\n", "--set", "testing")
+        self.load("a,b,c\n1,NA,5\n1,2,6\n")
+        self.load("a,b,c\nNA,2,7\n", "--set", "testing")
         self.assertEqual(
             query(self.run_path, "SELECT OriginalLabel, MissingCount FROM DataSetColumn"),
-            [("a", 0), ("b", 1)],
+            [("a", 0), ("b", 1), ("c", 0)],
         )
         self.assertEqual(
             query(self.run_path, "SELECT SetId, label FROM DataSetLabels"),
-            [(1, "a"), (1, "b"), (2, "a"), (2, "b")],
+            [(1, "a"), (1, "b"), (1, "c"), (2, "a"), (2, "b"), (2, "c")],
         )
 
     def test_other_labels_in_the_testing_set_are_told(self):

@@ -52,7 +52,7 @@ class StatsTest(HostCase):
         )
 
     def test_a_figure_that_there_is_none_of(self):
-        self.load_with_statistics("a,b\n1,NA\n")
+        self.load_with_statistics("a,b,c\n1,NA,1\nNA,NA,2\n")
         columns = self.stats()["columns"]
         self.assertIsNone(columns[0]["standardDeviation"])
         self.assertIsNone(columns[1]["centroid"])
