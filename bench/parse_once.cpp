@@ -1,6 +1,7 @@
-// One `IDataSet.Parse`, check or in-memory parse of a comma-separated file without labels, and the
-// peak memory of the process:  parse_once FILE RUN.db | parse_once --check FILE | parse_once
-// --memory FILE
+// One `IDataSet.Parse`, check, in-memory parse or in-memory parse of words of a comma-separated
+// file without labels, and the peak memory of the process:
+//   parse_once FILE RUN.db | parse_once --check FILE | parse_once --memory FILE | parse_once
+//   --words FILE
 #include <fmt/format.h>
 #include <sys/resource.h>
 
@@ -12,6 +13,7 @@
 #include "tslm5/contracts/codes.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/lifecycle.h"
+#include "tslm5/contracts/nominal_data_set.h"
 #include "tslm5/engine/open_run.h"
 
 namespace {
@@ -37,6 +39,13 @@ void ParseIntoMemory(const std::string& file) {
   fmt::print("{} rows kept\n", set->Rows());
 }
 
+void ParseWordsIntoMemory(const std::string& file) {
+  const auto set = CreateObject<INominalDataSet>(class_id::kInMemorySet);
+  set->Parse(file, separator_code::kComma, false, data_set_type::kTraining,
+             layout_code::kRecordsInRows, problem_category::kClassification, nullptr);
+  fmt::print("{} rows kept\n", set->Rows());
+}
+
 void Check(const std::string& file) {
   const auto set = CreateObject<IDataSet>(class_id::kDataSetLite);
   std::int32_t separator = separator_code::kComma;
@@ -49,7 +58,8 @@ void Check(const std::string& file) {
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::fputs("usage: parse_once FILE RUN.db | --check FILE | --memory FILE\n", stderr);
+    std::fputs("usage: parse_once FILE RUN.db | --check FILE | --memory FILE | --words FILE\n",
+               stderr);
     return 2;
   }
   try {
@@ -57,6 +67,8 @@ int main(int argc, char** argv) {
       Check(argv[2]);
     } else if (std::string_view(argv[1]) == "--memory") {
       ParseIntoMemory(argv[2]);
+    } else if (std::string_view(argv[1]) == "--words") {
+      ParseWordsIntoMemory(argv[2]);
     } else {
       ParseIntoRun(argv[1], argv[2]);
     }

@@ -67,13 +67,15 @@ void SqliteReader::GetTexts(std::span<std::string_view> texts) {
   sqlite3_stmt* record = Record(count > 0 ? count - 1 : 0);
   for (int field = 0; field < count; ++field) {
     std::string_view& text = texts[static_cast<std::size_t>(field)];
-    if (sqlite3_column_type(record, field) == SQLITE_FLOAT) {
+    // One look-up of the column for its kind, text and size; allowed, as one thread uses the run.
+    sqlite3_value* const value = sqlite3_column_value(record, field);
+    if (sqlite3_value_type(value) == SQLITE_FLOAT) {
       number_texts_.resize(texts.size() * kNumberTextSize);  // moves only before the first text
       char* first = number_texts_.data() + static_cast<std::size_t>(field) * kNumberTextSize;
-      const char* last = WriteNumber(first, sqlite3_column_double(record, field));
+      const char* last = WriteNumber(first, sqlite3_value_double(value));
       text = {first, static_cast<std::size_t>(last - first)};
     } else {
-      text = ColumnText(record, field);
+      text = ValueText(value);
     }
   }
 }

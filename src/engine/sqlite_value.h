@@ -20,6 +20,14 @@ inline Variant IntegerValue(std::int64_t value) {
   return static_cast<double>(value);
 }
 
+/// The text of a value of the current record; the view lives until the next step.
+inline std::string_view ValueText(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  const int size = sqlite3_value_bytes(value);
+  return text == nullptr ? std::string_view()
+                         : std::string_view(text, static_cast<std::size_t>(size));
+}
+
 /// The text of a column of the current record; the view lives until the next step.
 inline std::string_view ColumnText(sqlite3_stmt* statement, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));

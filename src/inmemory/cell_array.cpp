@@ -39,6 +39,7 @@ CellArray::CellArray(std::int32_t rows, std::int32_t columns) : rows_(rows), col
 }
 
 CellArray::CellArray(const CellArray& other) : CellArray(other.rows_, other.columns_) {
+  texts_ = other.texts_;
   if (cells_) std::copy_n(other.cells_.get(), RowOffset(rows_), cells_.get());
 }
 

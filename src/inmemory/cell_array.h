@@ -5,14 +5,17 @@
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
+#include "inmemory/raw_cells.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 
 /// A table of doubles in one block, row after row: a parse writes it from the first byte to the
-/// last, and the cells of a record stand side by side. Row and column indexes are 0-based; one
-/// outside the table raises 9. A plain value, its copies deep.
+/// last, and the cells of a record stand side by side. With it go the raw texts of the columns
+/// whose cells are codes. Row and column indexes are 0-based; one outside the table raises 9. A
+/// plain value, its copies deep.
 class CellArray {
  public:
   CellArray() = default;
@@ -34,6 +37,10 @@ class CellArray {
   void Put(std::int32_t row, std::int32_t column, double value) {
     cells_[Offset(row, column)] = value;
   }
+
+  /// The raw texts of the categorical columns; null where there is none. Copies share them.
+  const RawCells* Texts() const { return texts_.get(); }
+  void PutTexts(std::shared_ptr<const RawCells> texts) { texts_ = std::move(texts); }
 
   /// The `Columns()` cells of row `row`, which must be there.
   double* Row(std::int32_t row) { return &cells_[RowOffset(row)]; }
@@ -58,6 +65,7 @@ class CellArray {
   std::int32_t rows_ = 0;
   std::int32_t columns_ = 0;
   std::unique_ptr<double[], Free> cells_;
+  std::shared_ptr<const RawCells> texts_;
 };
 
 }  // namespace tslm5

@@ -146,7 +146,6 @@ bool InMemoryDataSetFacet::SetData(IUnknown* pSource, std::int32_t) {
   // Of an extra set's columns the first one is the series; the others stay 0 (meant).
   auto data = std::make_shared<CellArray>(rows, extra->Columns());
   for (std::int32_t row = 0; row < rows; ++row) data->Put(row, 0, extra->GetItem(0, row));
-  state_.DropData();
   state_.data = std::move(data);
   state_.column_count = 1;
   state_.SetType(data_set_type::kTimeSeriesTesting);

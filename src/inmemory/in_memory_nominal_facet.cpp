@@ -20,8 +20,9 @@ void InMemoryNominalFacet::ParseString(std::string& pText, std::int32_t pSeparat
 
 Variant InMemoryNominalFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
   const double value = state_.Cell(pRowIndex, pColumnIndex);
-  if (state_.raw_cells && state_.raw_cells->IsCategorical(pColumnIndex)) {
-    return state_.raw_cells->Text(pRowIndex, pColumnIndex);
+  const RawCells* const texts = state_.data->Texts();
+  if (texts != nullptr && texts->IsCategorical(pColumnIndex)) {
+    return texts->Text(pRowIndex, pColumnIndex);
   }
   return value;
 }

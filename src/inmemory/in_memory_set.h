@@ -39,8 +39,7 @@ class InMemorySet final : public FacetOwner {
 /// A new `InMemorySet` with its defaults.
 Ref<IUnknown> MakeInMemorySet();
 
-/// An `InMemorySet` with a deep copy of `original`; listeners are not taken along. Raw texts, which
-/// never change, are shared.
+/// An `InMemorySet` with a deep copy of `original`; listeners are not taken along.
 Ref<IUnknown> CloneInMemorySet(const InMemoryState& original);
 
 }  // namespace tslm5

@@ -45,14 +45,9 @@ void InMemoryState::MakeDefaultLabels() {
   labels.push_back(columns == 1 ? "Time Series" : dependent_var_name);
 }
 
-void InMemoryState::DropData() {
-  data.reset();
-  raw_cells.reset();
-}
-
 void InMemoryState::Reset() {
   labels.clear();
-  DropData();
+  data.reset();
   extra_set = CellArray();
   ResetProperties();
   iterator_position = -1;

@@ -9,7 +9,6 @@
 
 #include "contracts/property_bag.h"
 #include "inmemory/cell_array.h"
-#include "inmemory/raw_cells.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/data_set_events.h"
 #include "tslm5/platform/connection_point.h"
@@ -30,8 +29,7 @@ struct InMemoryState {
   std::string dependent_var_name = "y";
   std::vector<std::string> labels;
 
-  std::shared_ptr<CellArray> data;            // a row a record; null when nothing was parsed
-  std::shared_ptr<const RawCells> raw_cells;  // of the categorical columns of `data`, if any
+  std::shared_ptr<CellArray> data;  // a row a record; null when nothing was parsed
   CellArray extra_set;
   bool extra_set_exists = false;
 
@@ -55,8 +53,6 @@ struct InMemoryState {
   /// As many labels as there are columns, made of the names of the variables; the one column of a
   /// series is "Time Series".
   void MakeDefaultLabels();
-  /// Lets go of the records and of what belongs to them.
-  void DropData();
   /// Empties the set: type 1000, no data. The column count and the problem category stay (meant).
   void Reset();
 };

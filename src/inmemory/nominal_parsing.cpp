@@ -107,7 +107,7 @@ std::int64_t NominalParsing::CodeColumns(const Lines& lines,
     missing += column.missing;
     raw_cells->Put(index, {column.coding.TakeTexts(), std::move(column.positions)});
   }
-  State().raw_cells = std::move(raw_cells);
+  PutTexts(std::move(raw_cells));
   return missing;
 }
 

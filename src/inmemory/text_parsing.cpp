@@ -74,7 +74,7 @@ void TextParsing::ParseString(std::string& text, std::int32_t separator, bool ha
       arguments == nullptr ? MakeParseEventArgs() : Ref<IParseEventArgs>(arguments);
   state_.is_ready = false;
   state_.has_labels = false;
-  state_.DropData();
+  state_.data.reset();
   state_.replaced_missing_count = 0;
   state_.SetType(data_set_type);
   try {
@@ -82,7 +82,7 @@ void TextParsing::ParseString(std::string& text, std::int32_t separator, bool ha
     TakeText(text, separator);
     Run(text, has_labels, layout, *keep_arguments);
   } catch (...) {
-    if (!state_.is_ready) state_.DropData();  // never serve what is half filled
+    if (!state_.is_ready) state_.data.reset();  // never serve what is half filled
     throw;
   }
 }
@@ -165,9 +165,8 @@ bool TextParsing::TakeRecords(std::string_view text, std::int32_t rows,
   // A blank after the first line is counted as a column, but holds no field.
   if (columns != state_.column_count) ParseErrors::RaiseColumnCount(1);
   cells_ = std::make_shared<CellArray>(RowsToHold(rows, columns, text.size()), columns);
-  state_.DropData();  // a handler may have parsed another text
   state_.data = cells_;
-  state_.replaced_missing_count = 0;
+  state_.replaced_missing_count = 0;  // a handler may have parsed another text
   record_ = MakeRecordParsedEventArgs();
   record_->put_Columns(arguments.Columns());
   return FillCells({text, rows, columns}, arguments);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "inmemory/class_tracker.h"
 #include "inmemory/in_memory_state.h"
@@ -60,6 +61,7 @@ class TextParsing {
   InMemoryState& State() const { return state_; }
   std::string_view Separator() const { return separator_; }
   double* Row(std::int32_t row) const { return cells_->Row(row); }
+  void PutTexts(std::shared_ptr<const RawCells> texts) { cells_->PutTexts(std::move(texts)); }
 
  private:
   void Run(std::string& text, bool has_labels, std::int32_t layout, IParseEventArgs& arguments);

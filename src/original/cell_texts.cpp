@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
 
 #include "tslm5/platform/error.h"
 
@@ -10,8 +11,8 @@ namespace tslm5 {
 CellTexts::CellTexts(std::int32_t columns, std::int32_t rows)
     : columns_(columns),
       rows_(rows),
-      row_starts_(static_cast<std::size_t>(rows)),
-      cell_ends_(CellsBefore(rows)) {}
+      row_starts_(std::make_unique_for_overwrite<std::size_t[]>(static_cast<std::size_t>(rows))),
+      cell_ends_(std::make_unique_for_overwrite<std::uint32_t[]>(CellsBefore(rows))) {}
 
 /// Room for `size` more characters. It grows to what all rows will take if they are as long as
 /// those so far, so that the block is hardly ever moved twice.
@@ -36,7 +37,7 @@ void CellTexts::AppendRow(std::span<const std::string_view> texts) {
   for (const std::string_view text : texts) total += text.size();
   char* const first = MakeRoom(total);
   char* next = first;
-  std::uint32_t* end = cell_ends_.data() + CellsBefore(filled_rows_);
+  std::uint32_t* end = cell_ends_.get() + CellsBefore(filled_rows_);
   for (const std::string_view text : texts) {
     if (!text.empty()) std::memcpy(next, text.data(), text.size());
     next += text.size();
@@ -63,7 +64,7 @@ void CellTexts::PutClass(std::int32_t row, bool is_one) {
     const std::vector<std::string_view> empty(static_cast<std::size_t>(columns_));
     while (row >= filled_rows_) AppendRow(empty);
   }
-  std::uint32_t* const end = cell_ends_.data() + CellsBefore(row + 1) - 1;
+  std::uint32_t* const end = cell_ends_.get() + CellsBefore(row + 1) - 1;
   const std::uint32_t begin = columns_ > 1 ? end[-1] : 0;
   block_[row_starts_[static_cast<std::size_t>(row)] + begin] = is_one ? '1' : '0';
   *end = begin + 1;
@@ -72,7 +73,7 @@ void CellTexts::PutClass(std::int32_t row, bool is_one) {
 std::string_view CellTexts::Text(std::int32_t column, std::int32_t row) const {
   if (column < 0 || column >= columns_ || row < 0 || row >= rows_) RaiseSubscriptOutOfRange();
   if (row >= filled_rows_) return {};
-  const std::uint32_t* const ends = cell_ends_.data() + CellsBefore(row);
+  const std::uint32_t* const ends = cell_ends_.get() + CellsBefore(row);
   const std::uint32_t begin = column > 0 ? ends[column - 1] : 0;
   return {block_.get() + row_starts_[static_cast<std::size_t>(row)] + begin, ends[column] - begin};
 }

@@ -6,7 +6,6 @@
 #include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
 namespace tslm5 {
 
@@ -44,8 +43,9 @@ class CellTexts {
   std::int32_t columns_ = 0;
   std::int32_t rows_ = 0;
   std::int32_t filled_rows_ = 0;
-  std::vector<std::size_t> row_starts_;   // in the block
-  std::vector<std::uint32_t> cell_ends_;  // from the start of the cell's row; row after row
+  // Of the filled rows alone: where a row starts in the block; where its cells end, from there.
+  std::unique_ptr<std::size_t[]> row_starts_;
+  std::unique_ptr<std::uint32_t[]> cell_ends_;  // row after row
   // A row takes the characters of its texts, and room for a class where the last one is empty.
   std::unique_ptr<char[]> block_;
   std::size_t size_ = 0;

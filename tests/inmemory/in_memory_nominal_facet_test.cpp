@@ -85,13 +85,17 @@ TEST(InMemoryNominalFacet, LosesItsTextsToOtherData) {
   source.State().column_count = 1;
   ASSERT_TRUE(set->SetData(source.Object().get(), 5));
   EXPECT_THAT(set.Texts(), ElementsAre("#0", "#0"));
+  set.Parse("red\nblue", {.separator = -1});
+  set.State().data = std::make_shared<CellArray>(1, 3);
+  set.State().column_count = 3;
+  EXPECT_THAT(set.Texts(), ElementsAre("#0,#0,#0"));
 }
 
 TEST(InMemoryNominalFacet, LosesItsTextsToClear) {
   const NominalSet set("red,7\nblue,8");
   set->Clear();
   EXPECT_EQ(set.Nominal().Rows(), 0);
-  EXPECT_EQ(set.State().raw_cells, nullptr);
+  EXPECT_EQ(set.State().data, nullptr);
   EXPECT_THAT(Raised([&] { set.Nominal().GetItem(0, 0); }), IsSubscriptError());
 }
 

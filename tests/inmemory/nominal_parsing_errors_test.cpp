@@ -171,7 +171,7 @@ TEST(NominalParsingErrors, LeaveNothingBehind) {
     EXPECT_NE(set.ErrorOf(text, {.category = 1}).Number(), 0) << text;
     EXPECT_FALSE(set.Nominal().IsReady()) << text;
     EXPECT_EQ(set.Nominal().Rows(), 0) << text;
-    EXPECT_EQ(set.State().raw_cells, nullptr) << text;
+    EXPECT_EQ(set.State().data, nullptr) << text;
     EXPECT_EQ(set.Missing(), "0") << text;
     set.Parse("b,?\n1,3", {.layout = 2});
     EXPECT_THAT(set.Texts(), ElementsAre("b,#1", "?,#3")) << "the next parse knows nothing of it";

@@ -91,7 +91,7 @@ TEST_F(NominalParsingEvents, MayCancelTheLoadAtARecord) {
                                           "RecordParsed 1 of 2", "DataLoadCancelled 3 x 2"));
   EXPECT_EQ(set_.Nominal().Rows(), 0);
   EXPECT_EQ(set_->DataSetType(), 1000);
-  EXPECT_EQ(set_.State().raw_cells, nullptr);
+  EXPECT_EQ(set_.State().data, nullptr);
   EXPECT_EQ(set_.Missing(), "0");
   events_->on_record_parsed = nullptr;
   set_.Parse("?,1\nb,2\nc,3");
@@ -104,7 +104,7 @@ TEST_F(NominalParsingEvents, MayCancelAtTheLastRecord) {
   };
   set_.Parse("a,1\nb,2");
   EXPECT_EQ(events_->lines.back(), "DataLoadCancelled 2 x 2");
-  EXPECT_EQ(set_.State().raw_cells, nullptr);
+  EXPECT_EQ(set_.State().data, nullptr);
 }
 
 TEST_F(NominalParsingEvents, MayReportAnErrorOfARecord) {
@@ -129,7 +129,7 @@ TEST_F(NominalParsingEvents, LetAHandlerEmptyTheSet) {
   events_->on_record_parsed = [this](IRecordParsedEventArgs&) { set_->Clear(); };
   set_.Parse("a,1\nb,2");
   EXPECT_EQ(set_.Nominal().Rows(), 0);
-  EXPECT_EQ(set_.State().raw_cells, nullptr);
+  EXPECT_EQ(set_.State().data, nullptr);
   EXPECT_EQ(events_->lines.back(), "RecordParsed 0 of 2");
 }
 
