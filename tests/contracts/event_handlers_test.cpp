@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "contracts/empty_data_set.h"
 #include "contracts/event_args_objects.h"
+#include "fakes/fake_data_set.h"
 #include "tslm5/platform/connection_point.h"
 
 namespace tslm5 {
@@ -54,7 +54,7 @@ class EventHandlersTest : public testing::Test {
   const Ref<EventHandlers> handlers_ = MakeObject<EventHandlers>();
   const Ref<IParseEventArgs> args_ = MakeParseEventArgs();
   const Ref<IRecordParsedEventArgs> record_ = MakeRecordParsedEventArgs();
-  const Ref<EmptyDataSet> sender_ = MakeObject<EmptyDataSet>();
+  const Ref<FakeDataSet> sender_ = MakeObject<FakeDataSet>(std::vector<std::vector<double>>{});
   std::string log_;
 };
 

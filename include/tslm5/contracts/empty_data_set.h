@@ -1,20 +1,24 @@
-#ifndef TSLM5_TESTS_CONTRACTS_EMPTY_DATA_SET_H_
-#define TSLM5_TESTS_CONTRACTS_EMPTY_DATA_SET_H_
+#ifndef TSLM5_CONTRACTS_EMPTY_DATA_SET_H_
+#define TSLM5_CONTRACTS_EMPTY_DATA_SET_H_
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "tslm5/contracts/data_set.h"
-#include "tslm5/platform/object.h"
 
 namespace tslm5 {
 
-/// A dataset that does nothing and answers everything with the empty value.
-class EmptyDataSet final : public CountedObject<IDataSet> {
+/// A base for a dataset that serves a few operations of `IDataSet`: every other one does nothing,
+/// leaves its outputs alone, gives the empty value and raises nothing. `Base` is what implements
+/// the object: `CountedObject<IDataSet>` or `Facet<IDataSet>`.
+template <class Base>
+class EmptyDataSet : public Base {
  public:
-  std::string_view TypeName() override { return "EmptyDataSet"; }
+  using Base::Base;
 
+  /// @name The operations of `IDataSet`, all empty
+  ///@{
   std::int32_t DataSetType() override { return 0; }
   void put_DataSetType(std::int32_t) override {}
   bool HasLabels() override { return false; }
@@ -69,11 +73,12 @@ class EmptyDataSet final : public CountedObject<IDataSet> {
   double GetTargetMajorityClass() override { return 0.0; }
   std::int32_t GetColumnIndex(std::int32_t) override { return 0; }
   Variant GetRowOriginalValueByRecordId(std::int32_t, std::int32_t) override { return {}; }
+  ///@}
 
- private:
-  ~EmptyDataSet() override = default;
+ protected:
+  ~EmptyDataSet() = default;
 };
 
 }  // namespace tslm5
 
-#endif  // TSLM5_TESTS_CONTRACTS_EMPTY_DATA_SET_H_
+#endif  // TSLM5_CONTRACTS_EMPTY_DATA_SET_H_
