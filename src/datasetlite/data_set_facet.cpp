@@ -10,6 +10,7 @@
 #include "datasetlite/file_loading.h"
 #include "datasetlite/record_access.h"
 #include "datasetlite/run_labels.h"
+#include "support/math_helper.h"
 #include "support/separators.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
@@ -155,7 +156,7 @@ bool DataSetFacet::HasLabelPrefix() {
   return true;
 }
 std::int32_t DataSetFacet::GetRowNumber(std::int32_t pRowIndex) {
-  return pRowIndex + 1;
+  return MathHelper::Successor(pRowIndex);
 }
 
 std::int32_t DataSetFacet::GetRowOriginalIndex(std::int32_t pRowIndex) {

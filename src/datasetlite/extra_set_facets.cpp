@@ -3,29 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
+#include "support/column_vector.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 namespace {
 
-/// Copies rows [start, start + count) of a table's column (-1: to the end) into `array`, sized
-/// first; see `IVectorize::Vectorize`. Column = columns gives the row numbers.
-void VectorizeColumn(TableLite* table, std::int32_t column, VariantArray& array, std::int32_t start,
-                     std::int32_t count, const char* source) {
+/// Copies a part of a table's column into `array`; see `IVectorize::Vectorize`. Column = columns
+/// gives the row numbers.
+void VectorizeColumn(TableLite* table, const ColumnRange& range, VariantArray& array,
+                     const char* source) {
   const std::int32_t rows = table != nullptr ? table->Rows() : 0;
   const std::int32_t columns = table != nullptr ? table->Columns() : 0;
-  const std::int64_t end = count == -1 ? rows : std::int64_t{start} + count;
-  array.Redim(start, static_cast<std::int32_t>(count == -1 ? end : end - 1));
-  if (column > columns) {
-    throw Error(error_number::kColumnTooLarge, source, "Column Index is too large.");
-  }
-  if (column < 0) {
-    throw Error(error_number::kColumnBelowZero, source, "Column Index is less than zero.");
-  }
-  const auto last = static_cast<std::int32_t>(std::min<std::int64_t>(end, rows));
-  for (std::int32_t row = std::max(start, 0); row < last; ++row) {  // none without a table
+  const std::int32_t end = SizeColumnVector(array, range, rows, columns, source);
+  for (std::int32_t row = std::max(range.start, 0); row < end; ++row) {  // none without a table
     double value = 0.0;
-    if (table->GetValue(column, row, value) && !std::isnan(value)) array[row] = value;
+    if (table->GetValue(range.column, row, value) && !std::isnan(value)) array[row] = value;
   }
 }
 
@@ -63,13 +56,13 @@ void ExtraSetFacet::SetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex, d
 
 void ExtraSetFacet::Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,
                               std::int32_t pCount) {
-  VectorizeColumn(state_.extra_table.get(), pColumnIndex, pArray, pStart, pCount,
+  VectorizeColumn(state_.extra_table.get(), {pColumnIndex, pStart, pCount}, pArray,
                   "IExtraSet_Vectorize");
 }
 
 void VectorizeFacet::Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,
                                std::int32_t pCount) {
-  VectorizeColumn(state_.table.get(), pColumnIndex, pArray, pStart, pCount, "IDataSet_Vectorize");
+  VectorizeColumn(state_.table.get(), {pColumnIndex, pStart, pCount}, pArray, "IDataSet_Vectorize");
 }
 
 }  // namespace tslm5

@@ -95,6 +95,10 @@ Ref<IUnknown> CloneableFacet::Clone(const Variant& pParams) {
     throw Error(error_number::kCloneOfSameType, "CloneExt",
                 "A clone of a dataset cannot of the same type as the original.");
   }
+  if (type == data_set_type::kTimeSeriesTesting && state_.extra_table) {
+    throw Error(error_number::kCloneOfSameType, "CloneExt",
+                "The clone would take the table of the set's extra set.");
+  }
   Ref<TableLite> table = state_.table ? state_.table->Clone(type) : Ref<TableLite>();
   return CloneDataSetLite(state_, type, std::move(table));
 }

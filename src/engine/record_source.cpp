@@ -82,6 +82,12 @@ void RecordSource::RecognizeTable(std::string_view sql) {
     columns_.push_back(std::move(column));
   }
   if (columns_.empty()) return;
+  // A table as wide as a result can be leaves no room for the rowid beside its columns: it is read
+  // as any other SELECT is.
+  if (columns_.size() >=
+      static_cast<std::size_t>(sqlite3_limit(database_, SQLITE_LIMIT_COLUMN, -1))) {
+    return columns_.clear();
+  }
   table_ = QuotedName(name);
   fields_ = static_cast<int>(columns_.size());
   shift_ = ShiftFor(fields_);

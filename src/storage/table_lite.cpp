@@ -101,6 +101,15 @@ void TableLite::CreateCopy() {
   Execute(run_statement::kCopyToBackup);
 }
 
+void TableLite::RemakeBackup() {
+  const Ref<IConnection> connection = Connection();
+  Transaction transaction(*connection);
+  Execute(run_statement::kDropBackup);
+  connection->Execute(FillStatement(run_statement::kCreateBackup,
+                                    {{"<TABLE>", Name()}, {"<COLUMNS>", ColumnList(Columns())}}));
+  transaction.Commit();
+}
+
 void TableLite::UndoCopy() {
   Execute(run_statement::kCopyFromBackup);
   ClearCopy();

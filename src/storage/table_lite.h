@@ -24,6 +24,9 @@ namespace tslm5 {
 /// What the engine raises passes on. Caller's thread only.
 class TableLite final : public FacetOwner {
  public:
+  /// Writes the cells of row `row` (0-based).
+  using FillRow = std::function<void(std::int32_t row, std::span<double> cells)>;
+
   TableLite();
 
   std::string_view TypeName() override { return "TableLite"; }
@@ -54,6 +57,9 @@ class TableLite final : public FacetOwner {
   bool ParseArray(std::span<const std::string> pLines);
   /// The same for the lines of one text, in place.
   bool ParseText(std::string_view text);
+  /// `pRows` rows of `pColumns` numbers, numbered from 1, as `pFillRow` gives them; NaN is NULL,
+  /// and the engine refuses an infinite one. Raises no event and does not reopen the record set.
+  void ParseNumbers(std::int32_t pRows, std::int32_t pColumns, const FillRow& pFillRow);
   /// One row of one value an element. Rows are numbered from the counter itself (meant).
   void ParseDoubleArray(std::span<const double> pValues);
   /// One row of the values given, which hold the row number as well.
@@ -62,6 +68,8 @@ class TableLite final : public FacetOwner {
   void DeleteAll();
   void Drop(bool pDropBackup);
   void CreateCopy();
+  /// Makes the backup anew, empty and with as many columns as the open table has.
+  void RemakeBackup();
   void UndoCopy();
   void ClearCopy();
 

@@ -114,6 +114,22 @@ bool TableLite::CopyRows(IConnection& connection, IDataSet& source) {
   return true;
 }
 
+void TableLite::ParseNumbers(std::int32_t pRows, std::int32_t pColumns, const FillRow& pFillRow) {
+  const Ref<IConnection> connection = Connection();
+  NumberRows target(*connection, Name());
+  std::vector<double> cells(static_cast<std::size_t>(std::max(pColumns, 0)));
+  Transaction transaction(*connection);
+  RestoreGuard counter(row_counter_);
+  row_counter_ = 1;
+  for (std::int32_t row = 0; row < pRows; ++row) {
+    pFillRow(row, cells);
+    target.Insert(cells, row_counter_);
+    ++row_counter_;
+  }
+  transaction.Commit();
+  counter.Keep();
+}
+
 void TableLite::ParseDoubleArray(std::span<const double> pValues) {
   const Ref<IConnection> connection = Connection();
   RowInsertText text(Name(), false);

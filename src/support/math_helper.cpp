@@ -49,6 +49,11 @@ std::int32_t FloorValue(double value) {
   return static_cast<std::int32_t>(nearest);
 }
 
+std::int32_t Successor(std::int32_t value) {
+  if (value == std::numeric_limits<std::int32_t>::max()) RaiseOverflow();
+  return value + 1;
+}
+
 bool IsWholeNumber(std::string_view text, char decimal) {
   double value = 0.0;
   if (!ParseNumber(text, decimal, value)) return false;

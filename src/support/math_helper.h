@@ -23,6 +23,9 @@ double Rescale(double value, double old_maximum, double old_minimum, double new_
 /// hold it.
 std::int32_t FloorValue(double value);
 
+/// value + 1, such as the number of the row at an index. Raises 6 "Overflow" behind the last one.
+std::int32_t Successor(std::int32_t value);
+
 /// Whether `text` is a number (with `decimal` as its decimal separator) that is whole and that 32
 /// bits can hold. Never fails.
 bool IsWholeNumber(std::string_view text, char decimal);

@@ -131,6 +131,19 @@ TEST_F(DataSetLiteClone, CannotHaveTheTypeOfTheOriginal) {
   EXPECT_EQ(set_.Records(), (Lines{"1,2"}));
 }
 
+TEST_F(DataSetLiteClone, DoesNotTakeTheTableOfTheExtraSet) {
+  ParseFile(LiteSet(run_, 5), File("7\n8\n"), {.type = 5});
+  Parse("1,2\n");
+  EXPECT_EQ(Clone(LiteSet(run_, 1), 5)->DataSetType(), 5) << "there is no extra set yet";
+  set_.Load(run_, 1);
+  const Error error = Raised([&] { Clone(set_, 5); });
+  EXPECT_EQ(error.Number(), 41015);
+  EXPECT_EQ(error.Source(), "CloneExt");
+  EXPECT_EQ(error.Description(), "The clone would take the table of the set's extra set.");
+  EXPECT_EQ(run_.TableRows("TimeSeriesTestingSet"), (Lines{"7|1", "8|2"}));
+  EXPECT_EQ(set_.Records(), (Lines{"1,2"}));
+}
+
 TEST_F(DataSetLiteClone, OfASetWithoutATableHasNone) {
   const LiteSet fresh = Clone(LiteSet(), 2);
   EXPECT_EQ(fresh->DataSetType(), 2);

@@ -100,6 +100,12 @@ TEST_P(DataSetLiteVectorize, TakesNoRows) {
   EXPECT_EQ(Taken(0, 3, 0), "3:");
 }
 
+TEST_P(DataSetLiteVectorize, TakesNoRowsToTheEndFromBehindIt) {
+  EXPECT_EQ(Taken(0, 11, -1), "11:");
+  EXPECT_EQ(Taken(0, 12, -1), "12:");
+  EXPECT_EQ(Taken(0, 500, -1), "500:");
+}
+
 TEST_P(DataSetLiteVectorize, LeavesAMissingCellEmpty) {
   run_.Execute(GetParam().is_extra ? "UPDATE TimeSeriesTestingSet SET d0 = NULL WHERE row = 2"
                                    : "UPDATE TrainingSet SET d0 = NULL WHERE row = 2");

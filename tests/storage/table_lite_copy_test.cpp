@@ -93,5 +93,23 @@ TEST_F(TableLiteCopy, NeedsABackupOfTheSameWidth) {
   EXPECT_EQ(run_.TableRows("TrainingSet"), Lines({"7|8|9|1"}));
 }
 
+TEST_F(TableLiteCopy, FitsABackupMadeAnew) {
+  table_->CreateCopy();
+  table_->Create(3, 1, false);
+  table_->ParseArray(Lines{"7 8 9"});
+  table_->LoadRecordSet();
+  table_->RemakeBackup();
+  EXPECT_EQ(run_.ColumnNames("TrainingSetBackup"), "d0,d1,d2,row");
+  table_->CreateCopy();
+  EXPECT_EQ(run_.TableRows("TrainingSetBackup"), Lines({"7|8|9|1"}));
+}
+
+TEST_F(TableLiteCopy, ThatCannotBeMadeAnewStaysAsItWas) {
+  table_->CreateCopy();
+  run_.Log().FailAt(3, Error(4711, "Test", "it fails"));  // after the begin and the drop
+  EXPECT_EQ(RaisedNumber([this] { table_->RemakeBackup(); }), 4711);
+  EXPECT_EQ(run_.TableRows("TrainingSetBackup"), stored_);
+}
+
 }  // namespace
 }  // namespace tslm5

@@ -66,6 +66,12 @@ TEST(FloorValue, RaisesWhereThirtyTwoBitsEnd) {
   }
 }
 
+TEST(Successor, EndsAtTheLargestNumber) {
+  EXPECT_EQ(Successor(-1), 0);
+  EXPECT_EQ(Successor(2147483646), 2147483647);
+  EXPECT_EQ(RaisedNumber([] { Successor(2147483647); }), 6);
+}
+
 TEST(IsWholeNumber, ReadsTheTextAsANumber) {
   for (const char* text : {"5", "-5", "+5", " 5 ", "5.0", "5.", "0", "-0", "1e3", "2e0", "250e-1",
                            "2147483647", "-2147483648"}) {

@@ -15,7 +15,8 @@ class IVectorize : public IUnknown {
 
   /// Copies rows [pStart, pStart + pCount) of a column into `pArray`, whose lower bound is
   /// `pStart`; fewer where the data end, and elements past the data stay empty. `pCount` -1 means
-  /// to the end and sizes the array one element longer than the rows (meant).
+  /// to the end and sizes the array one element longer than the rows (meant); it is empty from a
+  /// start further behind the data. A count below -1 raises 9.
   /// Raises 12125 when `pColumnIndex` > Columns, 12126 when it is negative, with the source
   /// "IDataSet_Vectorize"; the array has been sized by then.
   virtual void Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,
