@@ -5,6 +5,8 @@
 #include <unordered_map>
 
 #include "inmemory/in_memory_data_set_facet.h"
+#include "inmemory/in_memory_embedding.h"
+#include "support/math_helper.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -73,7 +75,7 @@ void InMemoryDataSetFacet::GetAverageModel(VariantArray& pResult) {
 }
 
 bool InMemoryDataSetFacet::FormatDataAs(std::int32_t) {
-  throw Error(error_number::kNotImplemented, "FormatDataAs", "NOT IMPLEMENTED");
+  return EmbedSeries(state_);
 }
 
 void InMemoryDataSetFacet::Replace(std::string_view, std::int32_t, bool) {}
@@ -96,10 +98,10 @@ bool InMemoryDataSetFacet::HasLabelPrefix() {
   return true;
 }
 std::int32_t InMemoryDataSetFacet::GetRowNumber(std::int32_t pRowIndex) {
-  return pRowIndex + 1;
+  return MathHelper::Successor(pRowIndex);
 }
 std::int32_t InMemoryDataSetFacet::GetRowOriginalIndex(std::int32_t pRowIndex) {
-  return pRowIndex + 1;
+  return MathHelper::Successor(pRowIndex);
 }
 std::int32_t InMemoryDataSetFacet::GetTargetClassCount(std::int32_t) {
   return 0;

@@ -105,6 +105,7 @@ TEST(InMemoryQueries, OfIndexesNeedNoData) {
   const MemorySet set;
   EXPECT_TRUE(set->HasLabelPrefix());
   EXPECT_EQ(set->GetRowNumber(0), 1);
+  EXPECT_EQ(RaisedNumber([&] { set->GetRowOriginalIndex(2147483647); }), 6);
   EXPECT_EQ(set->GetRowOriginalIndex(41), 42);
   EXPECT_EQ(set->GetColumnIndex(5), 5);
   EXPECT_EQ(set->SeparatorToString(4), "|");

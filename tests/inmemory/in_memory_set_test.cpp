@@ -228,11 +228,5 @@ TEST(InMemorySet, LivesInNoRun) {
               IsError(-10000, "IPersistable_Save", "NOT IMPLEMENTED"));
 }
 
-TEST(InMemorySet, SaysWhatIsNotBuiltYet) {
-  const MemorySet set("1,2");
-  EXPECT_THAT(Raised([&] { set->FormatDataAs(0); }),
-              IsError(-10000, "FormatDataAs", "NOT IMPLEMENTED"));
-}
-
 }  // namespace
 }  // namespace tslm5
