@@ -14,6 +14,11 @@ void* DataSetLite::FindFacet(const Uuid& pId) {
   if (pId == IExtraSet::kId) return static_cast<IExtraSet*>(&extra_set_);
   if (pId == IVectorize::kId) return static_cast<IVectorize*>(&vectorize_);
   if (pId == IDeploymentDataSet::kId) return static_cast<IDeploymentDataSet*>(&deployment_view_);
+  if (pId == ITimeSeriesDataSet::kId) return static_cast<ITimeSeriesDataSet*>(&time_series_);
+  if (pId == ITimeSeriesChanges::kId) {
+    return static_cast<ITimeSeriesChanges*>(&time_series_changes_);
+  }
+  if (pId == IDataSetLite::kId) return static_cast<IDataSetLite*>(&data_set_lite_);
   if (pId == IConnectionPoint::kId) return static_cast<IConnectionPoint*>(&connection_point_);
   if (pId == INominalDataSetMetadata::kId) {
     return static_cast<INominalDataSetMetadata*>(&nominal_metadata_);

@@ -11,6 +11,7 @@
 #include "datasetlite/missing_metadata.h"
 #include "datasetlite/nominal_metadata.h"
 #include "datasetlite/record_access.h"
+#include "datasetlite/time_series_facets.h"
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
@@ -40,6 +41,9 @@ class DataSetLite final : public FacetOwner {
   ExtraSetFacet extra_set_{*this, state_};
   VectorizeFacet vectorize_{*this, state_};
   DeploymentViewFacet deployment_view_{*this, state_, data_set_};
+  TimeSeriesDataSetFacet time_series_{*this, state_};
+  TimeSeriesChangesFacet time_series_changes_{*this, state_};
+  DataSetLiteFacet data_set_lite_{*this, state_};
   ConnectionPointFacet connection_point_{*this, state_};
   NominalMetadataFacet nominal_metadata_{*this, state_};
   MissingMetadataFacet missing_metadata_{*this, state_};

@@ -6,6 +6,7 @@
 
 #include "datasetlite/data_set_facet.h"
 #include "datasetlite/record_access.h"
+#include "datasetlite/series_embedding.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -14,10 +15,6 @@ namespace {
 // Written literals, neither the limits of a double nor mirror images of each other (both meant).
 constexpr double kMaximumStart = -1.79769313486231E+308;
 constexpr double kMinimumStart = 1.69769313486232E+308;
-
-[[noreturn]] void RaiseNotImplemented(const char* operation) {
-  throw Error(error_number::kNotImplemented, operation, "NOT IMPLEMENTED");
-}
 
 /// Calls `use(value)` for every number in rows [from, to] of a column.
 template <class Use>
@@ -114,7 +111,8 @@ void DataSetFacet::GetAverageModel(VariantArray& pResult) {
 }
 
 bool DataSetFacet::FormatDataAs(std::int32_t) {
-  RaiseNotImplemented("FormatDataAs");
+  state_.is_dirty = true;
+  return EmbedSeries(state_);
 }
 
 }  // namespace tslm5

@@ -81,6 +81,8 @@ TEST_P(DataSetConformance, GivesTheTextOfASeparator) {
 TEST_P(DataSetConformance, CountsRowsForPeopleWithoutLookingAtTheData) {
   EXPECT_EQ(set_->GetRowNumber(0), 1);
   EXPECT_EQ(set_->GetRowNumber(41), 42);
+  EXPECT_EQ(set_->GetRowNumber(2147483646), 2147483647);
+  EXPECT_EQ(RaisedNumber([&] { set_->GetRowNumber(2147483647); }), 6);
   EXPECT_EQ(set_->GetColumnIndex(5), 5);
   EXPECT_TRUE(set_->HasLabelPrefix());
 }

@@ -16,7 +16,8 @@ class DataSetLiteFace : public testing::Test {};
 using Faces =
     testing::Types<IDataSet, IIterator, IIsDirty, IPersistable, ICloneableEx, IConstructor,
                    IDisposable, ILRServices, IExtraSet, IVectorize, IConnectionPoint,
-                   INominalDataSetMetadata, IMissingMetadata, IDeploymentDataSet>;
+                   INominalDataSetMetadata, IMissingMetadata, IDeploymentDataSet,
+                   ITimeSeriesDataSet, ITimeSeriesChanges, IDataSetLite>;
 TYPED_TEST_SUITE(DataSetLiteFace, Faces);
 
 TYPED_TEST(DataSetLiteFace, BelongsToTheOneObject) {

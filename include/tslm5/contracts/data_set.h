@@ -56,7 +56,12 @@ class IDataSet : public IUnknown {
                            IParseEventArgs* pEvArgs) = 0;
   /// Replaces the rows of a loaded dataset by those of another file; type and name stay.
   virtual void Replace(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels) = 0;
-  /// Rebuilds the data for a format: the time-series embedding. False when nothing was changed.
+  /// Embeds a series, whatever the format code: under the properties "EmbeddingDimension" (E),
+  /// "DelayTime" (D) and "TestingSamples" (T, missing: 0) a set of one column becomes a set of E
+  /// inputs, the values E * D, ..., 2 * D, D rows before, and the response, the value itself. The
+  /// last T values that are D rows apart become the extra set, and no record holds any value from
+  /// the first of them on. Marks the set dirty. False, and the data as they were, when there is
+  /// nothing to embed, too little, or anything fails.
   virtual bool FormatDataAs(std::int32_t pFormat) = 0;
   /// One cell. A missing value is not a number. An absent cell raises 41011.
   virtual double GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) = 0;
@@ -102,7 +107,8 @@ class IDataSet : public IUnknown {
   /// Computes the run's statistics tables. `pFeedback` (may be null) shows progress and may stop.
   virtual void CalculateStatistics(IFeedback* pFeedback) = 0;
   virtual bool HasLabelPrefix() = 0;
-  /// The 1-based row number shown to users: `pRowIndex` + 1, also past the data.
+  /// The 1-based row number shown to users: `pRowIndex` + 1, also past the data. Raises 6 where
+  /// that is no 32-bit number.
   virtual std::int32_t GetRowNumber(std::int32_t pRowIndex) = 0;
   /// The key that joins the record to the original data.
   virtual std::int32_t GetRowOriginalIndex(std::int32_t pRowIndex) = 0;

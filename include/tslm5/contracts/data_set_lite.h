@@ -19,7 +19,8 @@ class IDataSetLite : public IUnknown {
   virtual void ClearUndo() = 0;
   /// The same as `ITimeSeriesChanges::UndoReset`.
   virtual void UndoCopy() = 0;
-  /// Fills the column records from the set's labels; the argument is not used.
+  /// Adds a column record for every label that the run keeps under set id 1, to those that are
+  /// there, and marks the record with the highest key as the response. The argument is not used.
   virtual void SaveTimeSeriesDataSetColumnData(std::int32_t pTimeSeriesMissingCount) = 0;
   /// One of "Average", "StandardDeviation", "Minimum", "Maximum" of a column.
   virtual double GetMissingStatisticsValue(std::int32_t pColumnIndex, std::string_view pType) = 0;
