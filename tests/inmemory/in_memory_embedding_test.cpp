@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "inmemory/memory_set.h"
+#include "inmemory/nominal_set.h"
 #include "tslm5/contracts/extra_set.h"
 
 namespace tslm5 {
@@ -69,6 +70,18 @@ TEST_F(InMemoryEmbedding, OfAnEmptySetIsRefused) {
   set_->Clear();
   Describe("1", "1", "0");
   EXPECT_FALSE(set_->FormatDataAs(0)) << "one column is still counted, but there is none";
+}
+
+TEST_F(InMemoryEmbedding, OfWordsIsOneOfTheirCodes) {
+  const NominalSet words;
+  words.Parse("low\nhigh\nlow\nmean\n", {.separator = separator_code::kNone});
+  ASSERT_EQ(words.Nominal().GetItem(0, 3), Variant("mean"));
+  words->SetProperty("1", "EmbeddingDimension");
+  words->SetProperty("1", "DelayTime");
+  EXPECT_TRUE(words.Nominal().FormatDataAs(0));
+  EXPECT_THAT(words.Records(), ElementsAre("0,1", "1,0", "0,2"));
+  EXPECT_EQ(words.Nominal().GetItem(0, 1), Variant(1.0));
+  EXPECT_EQ(words.Nominal().GetItem(1, 2), Variant(2.0));
 }
 
 TEST_F(InMemoryEmbedding, DoesNotReachTheSetItWasClonedFrom) {
