@@ -92,7 +92,10 @@ TEST_F(OriginalColumnsTest, AreNotCategoricalWithoutARecord) {
 }
 
 TEST_F(OriginalColumnsTest, MayBeFewerThanTheirRecords) {
-  run_.Execute("INSERT INTO DataSetColumn VALUES (NULL, 3, 'd3', 'd3', 1, 2, 0, 0)");
+  for (int column = 3; column < 500; ++column) {
+    const std::string index = std::to_string(column);
+    run_.Execute("INSERT INTO DataSetColumn VALUES (NULL, " + index + ", 'd', 'd', 1, 2, 0, 0)");
+  }
   Open();
   EXPECT_EQ(view_->Columns(), 3);
   EXPECT_EQ(RaisedNumber([&] { view_->IsColumnCategorical(3); }), 9);
