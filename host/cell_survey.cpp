@@ -124,15 +124,7 @@ class Surveyor {
     Refuse(words);
   }
 
-  [[noreturn]] void RefuseNothing() const {
-    const bool has_labels = reader_.LabelLines() > 0;
-    const bool has_lone_returns = text_.text.find('\r') != std::string::npos;
-    Refuse(fmt::format("there are no records: {} lines, {} of them the label line and {} empty{}",
-                       found_.lines, found_.label_lines, found_.empty_lines,
-                       has_lone_returns ? "; a carriage return alone does not end a line"
-                       : has_labels     ? " (--no-labels takes the first line for a record)"
-                                        : ""));
-  }
+  [[noreturn]] void RefuseNothing() const { Refuse(NoRecords(reader_, text_)); }
 
   void CheckLabels() const {
     if (found_.label_lines == 0 || text_.is_transposed) return;
@@ -167,6 +159,16 @@ bool IsMissing(std::string_view cell) {
     default:
       return false;
   }
+}
+
+std::string NoRecords(const RecordReader& reader, const DelimitedText& text) {
+  const bool has_labels = reader.LabelLines() > 0;
+  const bool has_lone_returns = text.text.find('\r') != std::string::npos;
+  return fmt::format("there are no records: {} lines, {} of them the label line and {} empty{}",
+                     reader.Lines(), reader.LabelLines(), reader.EmptyLines(),
+                     has_lone_returns ? "; a carriage return alone does not end a line"
+                     : has_labels     ? " (--no-labels takes the first line for a record)"
+                                      : "");
 }
 
 CellSurvey SurveyCells(const DelimitedText& text, bool comma_is_decimal) {

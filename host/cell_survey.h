@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/delimited_text.h"
+#include "host/record_reader.h"
 
 namespace tslm5::host {
 
@@ -48,6 +49,9 @@ struct CellSurvey {
 
 /// Whether a cell stands for a missing value: empty, or one of the loader's tokens.
 bool IsMissing(std::string_view cell);
+
+/// What to tell of a text in which the reader has found no record.
+std::string NoRecords(const RecordReader& reader, const DelimitedText& text);
 
 /// Goes through the whole text. Raises `Failure`, refused, for a text without records, for more
 /// than `kMostColumns` columns, for records of different lengths and for a label line that does not

@@ -67,7 +67,7 @@ class FieldReader {
     table_.lines = reader_.Lines();
     table_.label_lines = reader_.LabelLines();
     table_.empty_lines = reader_.EmptyLines();
-    if (table_.Records() == 0) RefuseNothing();
+    if (table_.Records() == 0) Refuse(NoRecords(reader_, text_));
     if (table_.label_lines > 0) TakeLabelLine(comma_is_decimal);
     return std::move(table_);
   }
@@ -94,11 +94,6 @@ class FieldReader {
     Refuse(fmt::format("{} {} has {} fields, but the first record, on line {}, has {}",
                        table_.place_word, reader_.LineNumber(), fields_.size(),
                        table_.places.front(), table_.columns));
-  }
-
-  [[noreturn]] void RefuseNothing() const {
-    Refuse(fmt::format("there are no records: {} lines, {} of them the label line and {} empty",
-                       table_.lines, table_.label_lines, table_.empty_lines));
   }
 
   void TakeLabelLine(bool comma_is_decimal) {

@@ -158,8 +158,7 @@ void RunLoad(const LoadOptions& options, Output& output) {
     return LoadNumbers(options, file, *numbers, output);
   }
   if (!numbers && !CanReadFields(file.text, comma_is_decimal)) {
-    RequireValid(options, file.text, comma_is_decimal);
-    SurveyCells(file.text, comma_is_decimal);  // tells what is wrong with the records
+    RequireValid(options, file.text, comma_is_decimal);  // in its words, before those of the fields
   }
   LoadPrepared(options, run, file, comma_is_decimal, output);
 }
