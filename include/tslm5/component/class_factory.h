@@ -8,17 +8,24 @@ namespace tslm5 {
 
 /// The identifiers of the component's public classes.
 namespace class_id {
+/// A dataset in a run database.
 inline constexpr Uuid kDataSetLite{0x54534c4d350000c1ULL, 0x8a1f4c0b6d2e73c1ULL};
+/// A dataset in memory alone.
 inline constexpr Uuid kInMemorySet{0x54534c4d350000c2ULL, 0x8a1f4c0b6d2e73c2ULL};
+/// A run's records as the texts that were loaded; read-only.
 inline constexpr Uuid kOriginalDataSet{0x54534c4d350000c3ULL, 0x8a1f4c0b6d2e73c3ULL};
+/// What the events of checks and loads carry, for an application that hands in its own.
 inline constexpr Uuid kParseEventArgs{0x54534c4d350000c4ULL, 0x8a1f4c0b6d2e73c4ULL};
+/// What the event of one record carries.
 inline constexpr Uuid kRecordParsedEventArgs{0x54534c4d350000c5ULL, 0x8a1f4c0b6d2e73c5ULL};
+/// The maker of a new run's tables.
 inline constexpr Uuid kRunSchema{0x54534c4d350000c6ULL, 0x8a1f4c0b6d2e73c6ULL};
 }  // namespace class_id
 
 /// A class object: makes the objects of one class.
 class IClassFactory : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000081ULL, 0x8a1f4c0b6d2e7381ULL};
 
   /// A new object with its defaults.

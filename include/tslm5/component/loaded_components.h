@@ -17,9 +17,10 @@ namespace tslm5 {
 /// The component libraries that this program has loaded at run time. Safe from any thread.
 class LoadedComponents {
  public:
-  using GetClassObject = decltype(&::DllGetClassObject);
-  using CanUnloadNow = decltype(&::DllCanUnloadNow);
+  using GetClassObject = decltype(&::DllGetClassObject);  ///< a library's class maker
+  using CanUnloadNow = decltype(&::DllCanUnloadNow);      ///< whether a library is in use
 
+  /// The program's one list; it and the libraries live until the program ends.
   static LoadedComponents& Instance() {
     static LoadedComponents components;
     return components;

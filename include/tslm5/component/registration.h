@@ -30,16 +30,17 @@ namespace tslm5 {
 ///
 /// Lines with other keys are passed over.
 struct RegisteredComponent {
+  /// One class that the component makes.
   struct Class {
-    std::string name;
-    Uuid id;
+    std::string name;  ///< what follows the point in "TSLM5DataManager.DataSetLite"
+    Uuid id;           ///< what its `DllGetClassObject` knows the class by
   };
 
-  std::string name;
-  std::string version;
-  std::filesystem::path library;
-  std::vector<Class> classes;
-  std::filesystem::path file;  ///< that this was read from
+  std::string name;               ///< what stands before the point
+  std::string version;            ///< as registered, for display alone; may be ""
+  std::filesystem::path library;  ///< that is loaded
+  std::vector<Class> classes;     ///< in the order of the file
+  std::filesystem::path file;     ///< that this was read from
 };
 
 /// What the name of a registration's file ends in, behind the component's name.

@@ -16,12 +16,15 @@ namespace tslm5 {
 /// Row and column indexes are zero-based. In `GetItem` the column comes first. An operation that a
 /// class carries only to satisfy the interface does nothing and returns the empty or zero result.
 /// Made by the component's class objects; let go of with `Release`. Caller's thread only.
+/// One interface, and so one file longer than others: its slots cannot be divided.
 class IDataSet : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000014ULL, 0x8a1f4c0b6d2e7314ULL};
 
   /// Dataset type code (`data_set_type`).
   virtual std::int32_t DataSetType() = 0;
+  /// Writes the code alone: the data, and the table that holds them, stay.
   virtual void put_DataSetType(std::int32_t pDataSetType) = 0;
   /// The data carries a label row.
   virtual bool HasLabels() = 0;
@@ -29,12 +32,19 @@ class IDataSet : public IUnknown {
   virtual std::int32_t Rows() = 0;
   /// Number of columns, response included; 0 when there is no data, never raises.
   virtual std::int32_t Columns() = 0;
-  /// Number of independent variables: columns less the response.
+  /// Number of independent variables: columns less the response. Without data 0, but -1 in the
+  /// other classes than `DataSetLite` (meant).
   virtual std::int32_t TerminalCount() = 0;
+  ///@{
+  /// What the generated name of an input begins with, its column index behind it; "d" at first.
   virtual std::string IndependentVarsPrefix() = 0;
   virtual void put_IndependentVarsPrefix(std::string_view pPrefix) = 0;
+  ///@}
+  ///@{
+  /// The generated name of the response; "y" at first.
   virtual std::string DependentVarName() = 0;
   virtual void put_DependentVarName(std::string_view pName) = 0;
+  ///@}
   /// Data has been loaded and can be served.
   virtual bool IsReady() = 0;
   /// "Training" for type 1, "Testing" for type 2, otherwise "".
@@ -67,6 +77,8 @@ class IDataSet : public IUnknown {
   virtual double GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) = 0;
   /// One cell as text, in the user's number format; "" when it is missing or absent.
   virtual std::string GetItemString(std::int32_t pColumnIndex, std::int32_t pRowIndex) = 0;
+  /// The column's label, or its generated name in a set without labels. For a column that is not
+  /// there a labelled `DataSetLite` gives "", every other class raises 9.
   virtual std::string GetLabel(std::int32_t pColumnIndex) = 0;
   /// Empties the property bag.
   virtual void ResetProperties() = 0;
@@ -93,34 +105,52 @@ class IDataSet : public IUnknown {
   virtual std::int32_t GetTargetMinorityClassCount() = 0;
   /// For each row the mean of its inputs; the array's lower bound is 0.
   virtual void GetAverageModel(VariantArray& pResult) = 0;
-  /// The column's name and label together.
+  /// The generated name and the label as "d0:Height", where the class has both; else as `GetLabel`.
   virtual std::string GetLongLabel(std::int32_t pColumnIndex) = 0;
+  /// Mean of a column from the statistics last computed. -9999 stands for a figure that the column
+  /// does not have, 0 for one that was not computed; so do the figures below.
   virtual double GetGlobalCentroid(std::int32_t pColumn) = 0;
+  /// Median of a column from the statistics last computed.
   virtual double GetGlobalMedoid(std::int32_t pColumn) = 0;
-  /// Centroid of a column within response class 0 or 1; another index writes nothing.
+  ///@{
+  /// Mean (centroid) or median (medoid) of a column within response class 0 or 1, in ascending
+  /// order of the response; `pClassValue` receives the class's response value. Another index and a
+  /// figure that was not computed write nothing; 1 raises 9 where there is a single class.
   virtual void GetClassCentroid(std::int32_t pColumn, std::int32_t pClassIndex, double& pClassValue,
                                 double& pValue) = 0;
   virtual void GetClassMedoid(std::int32_t pColumn, std::int32_t pClassIndex, double& pClassValue,
                               double& pValue) = 0;
+  ///@}
+  /// The run has a table of figures by class, be it without any of this set (meant).
   virtual bool HasClassRecordStatistics() = 0;
+  /// The run has a table of column figures, be it without any of this set (meant).
   virtual bool HasGlobalRecordStatistics() = 0;
   /// Computes the run's statistics tables. `pFeedback` (may be null) shows progress and may stop.
   virtual void CalculateStatistics(IFeedback* pFeedback) = 0;
+  /// True for the classes that load data, whatever their labels are (meant).
   virtual bool HasLabelPrefix() = 0;
   /// The 1-based row number shown to users: `pRowIndex` + 1, also past the data. Raises 6 where
   /// that is no 32-bit number.
   virtual std::int32_t GetRowNumber(std::int32_t pRowIndex) = 0;
   /// The key that joins the record to the original data.
   virtual std::int32_t GetRowOriginalIndex(std::int32_t pRowIndex) = 0;
+  /// Number of records of a response class, counted from 0 in ascending order of the response; 0
+  /// for one that is not there.
   virtual std::int32_t GetTargetClassCount(std::int32_t pClassIndex) = 0;
-  /// Problem category of the run (`problem_category`).
+  ///@{
+  /// Problem category of the run (`problem_category`). Writing it changes nothing by itself: the
+  /// checks and loads that follow go by it.
   virtual std::int32_t ProblemCategory() = 0;
   virtual void put_ProblemCategory(std::int32_t pProblemCategory) = 0;
+  ///@}
+  /// Sample deviation (n - 1) of a column from the statistics last computed.
   virtual double GetStandardDeviation(std::int32_t pColumn) = 0;
   /// The untransformed value of a cell; here the row comes first. Column -1 is the response.
   virtual Variant GetRowOriginalValue(std::int32_t pRowIndex, std::int32_t pColumnIndex) = 0;
   /// The largest response value.
   virtual double GetTargetMajorityClass() = 0;
+  /// The column's index in the run: `pColumn` itself, unlooked at, but for an `OriginalDataSet`,
+  /// which gives the index noted with the column's label and raises 9 for an absent column.
   virtual std::int32_t GetColumnIndex(std::int32_t pColumn) = 0;
   /// As `GetRowOriginalValue`, the record given by its key in the original data.
   virtual Variant GetRowOriginalValueByRecordId(std::int32_t pRecordId,

@@ -11,6 +11,7 @@ namespace tslm5 {
 /// What a `DataSetLite` offers beyond the dataset interfaces.
 class IDataSetLite : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000026ULL, 0x8a1f4c0b6d2e7326ULL};
 
   /// The same as `ITimeSeriesChanges::ResetTimeSeries`.

@@ -17,8 +17,8 @@ class EmptyDataSet : public Base {
  public:
   using Base::Base;
 
-  /// @name The operations of `IDataSet`, all empty
   ///@{
+  /// Does nothing and gives the empty value.
   std::int32_t DataSetType() override { return 0; }
   void put_DataSetType(std::int32_t) override {}
   bool HasLabels() override { return false; }

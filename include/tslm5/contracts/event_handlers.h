@@ -9,22 +9,24 @@
 namespace tslm5 {
 
 /// A ready-made sink of a `DataSetLite`'s events: set the handlers you want, then attach it.
-/// Made by `MakeObject<EventHandlers>()`.
+/// Made by `MakeObject<EventHandlers>()`. A handler that is not set lets its event pass; what one
+/// throws passes to the raiser. The arguments are borrowed for the call. Caller's thread only.
 class EventHandlers final : public CountedObject<IDataSetLiteEvents> {
  public:
   EventHandlers() = default;
 
-  using ParseHandler = std::function<void(IParseEventArgs&)>;
-  using LoadHandler = std::function<void(IDataSet&, IParseEventArgs&)>;
-  using RecordHandler = std::function<void(IRecordParsedEventArgs&)>;
+  using ParseHandler = std::function<void(IParseEventArgs&)>;  ///< of a check
+  using LoadHandler =
+      std::function<void(IDataSet&, IParseEventArgs&)>;                ///< of a load, its set first
+  using RecordHandler = std::function<void(IRecordParsedEventArgs&)>;  ///< of one record
 
-  ParseHandler on_before_data_check;
-  ParseHandler on_after_data_check;
-  ParseHandler on_load_feedback;
-  LoadHandler on_before_data_load;
-  LoadHandler on_after_data_load;
-  ParseHandler on_data_load_cancelled;
-  RecordHandler on_record_parsed;
+  ParseHandler on_before_data_check;    ///< for `BeforeDataCheck`
+  ParseHandler on_after_data_check;     ///< for `AfterDataCheck`
+  ParseHandler on_load_feedback;        ///< for `LoadFeedback`
+  LoadHandler on_before_data_load;      ///< for `BeforeDataLoad`
+  LoadHandler on_after_data_load;       ///< for `AfterDataLoad`
+  ParseHandler on_data_load_cancelled;  ///< for `DataLoadCancelled`
+  RecordHandler on_record_parsed;       ///< for `RecordParsed`
 
   std::string_view TypeName() override { return "EventHandlers"; }
 

@@ -14,9 +14,10 @@ namespace tslm5 {
 /// What an `InMemorySet` offers beyond the dataset interfaces.
 class IInMemorySet : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000027ULL, 0x8a1f4c0b6d2e7327ULL};
 
-  /// A deep copy.
+  /// A deep copy, without the listeners.
   virtual Ref<IDataSet> Clone() = 0;
   /// Sets the type code and the name that goes with it.
   virtual void SetDataSetType(std::int32_t pDataSetType) = 0;

@@ -11,10 +11,19 @@ namespace tslm5 {
 /// Attaching an object to a run and saving it there.
 class IPersistable : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001aULL, 0x8a1f4c0b6d2e731aULL};
 
-  /// `pRunPath` holds the run object (type name "Run"), `pParams` the dataset type code.
+  /// Writes what is pending, and the labels under the type code. `pRunPath` holds the run object
+  /// (type name "Run") or the path of an existing file, with which the object keeps the run that it
+  /// has; `pParams` the dataset type code. False, and nothing is done, when there is no data;
+  /// always for an `OriginalDataSet`. Raises 41001 for another `pRunPath` or no type code; -10000
+  /// in an `InMemorySet`, which lives in no run.
   virtual bool Save(const Variant& pRunPath, const Variant& pParams) = 0;
+  /// Attaches the object to the run's set of the type in `pParams`, with the arguments of `Save`.
+  /// False when the run has no such set: the object is attached all the same. An `InMemorySet` does
+  /// nothing and gives false; an `OriginalDataSet` opens all records and gives true. Raises 41001
+  /// as `Save`, and for a path without a run to go on with.
   virtual bool Load(const Variant& pRunPath, const Variant& pParams) = 0;
 
  protected:
@@ -24,6 +33,7 @@ class IPersistable : public IUnknown {
 /// Copies of an object under another dataset type code.
 class ICloneableEx : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001bULL, 0x8a1f4c0b6d2e731bULL};
 
   /// A copy under the type code in `pParams`; the object's own code raises 41015.
@@ -36,6 +46,7 @@ class ICloneableEx : public IUnknown {
 /// Gives a new object what it needs.
 class IConstructor : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001cULL, 0x8a1f4c0b6d2e731cULL};
 
   /// Element 0 of `pParams` is the run object, element 1 the dataset type code; fewer raise 41001.
@@ -49,6 +60,7 @@ class IConstructor : public IUnknown {
 /// Early release of what an object holds open.
 class IDisposable : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001dULL, 0x8a1f4c0b6d2e731dULL};
 
   /// With true, closes every engine object held; false does nothing.

@@ -8,6 +8,7 @@ namespace tslm5 {
 /// Facts about the response for two-class models.
 class ILRServices : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001eULL, 0x8a1f4c0b6d2e731eULL};
 
   /// The response column holds exactly two distinct values.

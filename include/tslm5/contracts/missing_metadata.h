@@ -15,6 +15,7 @@ namespace tslm5 {
 /// 41001.
 class IMissingMetadata : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000022ULL, 0x8a1f4c0b6d2e7322ULL};
 
   /// Keeps a replacement and how it was chosen (stored as given) for a token of a column;

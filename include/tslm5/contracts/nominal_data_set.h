@@ -19,6 +19,7 @@ namespace tslm5 {
 /// of `IDataSet` is the same state. Caller's thread only.
 class INominalDataSet : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000023ULL, 0x8a1f4c0b6d2e7323ULL};
 
   /// As `IDataSet::Parse`, see `ParseString`; the events carry `pEvArgs`, which may be null.
@@ -38,6 +39,8 @@ class INominalDataSet : public IUnknown {
   /// The raw text of a cell in a categorical column, else the cell's number as a double (not a
   /// number where it is missing). Column first, both from 0; one outside the data raises 9.
   virtual Variant GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) = 0;
+  ///@{
+  /// As the operation of this name in `IDataSet` of the same object.
   virtual std::int32_t Rows() = 0;
   virtual std::int32_t Columns() = 0;
   virtual std::string SetProperty(std::string_view pValue, std::string_view pKey) = 0;
@@ -45,6 +48,7 @@ class INominalDataSet : public IUnknown {
   virtual bool IsReady() = 0;
   virtual void ResetProperties() = 0;
   virtual bool FormatDataAs(std::int32_t pFormat) = 0;
+  ///@}
 
  protected:
   ~INominalDataSet() = default;

@@ -16,6 +16,7 @@ namespace tslm5 {
 /// engine raises passes on and what was done before stays; without a run 41001.
 class INominalDataSetMetadata : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000021ULL, 0x8a1f4c0b6d2e7321ULL};
 
   /// Map: nominal value to "value code count", by text where the column is categorical, else by

@@ -10,6 +10,7 @@ namespace tslm5 {
 /// Makes the tables of a new run, on the application's behalf.
 class IRunSchema : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000028ULL, 0x8a1f4c0b6d2e7328ULL};
 
   /// Creates every table and view of a run that `pRun` (a connection service) does not have yet, in

@@ -5,9 +5,10 @@
 
 namespace tslm5 {
 
-/// Labels of a time series and of its embedding.
+/// Labels of a time series and of its embedding. Caller's thread only.
 class ITimeSeriesDataSet : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001fULL, 0x8a1f4c0b6d2e731fULL};
 
   /// Makes the label that the run keeps for the series itself (set id 2) the set's only label.
@@ -27,8 +28,10 @@ class ITimeSeriesDataSet : public IUnknown {
 
 /// Folding the testing records into the training table, with one level of undo. Each operation is
 /// all or nothing. They work on a set of the training table; of any other set they do nothing.
+/// Caller's thread only.
 class ITimeSeriesChanges : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000020ULL, 0x8a1f4c0b6d2e7320ULL};
 
   /// Makes the records of the testing table, row keys included, the training table, and keeps the

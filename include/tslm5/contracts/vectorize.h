@@ -11,6 +11,7 @@ namespace tslm5 {
 /// One column of the main data as an array indexed by row number.
 class IVectorize : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000017ULL, 0x8a1f4c0b6d2e7317ULL};
 
   /// Copies rows [pStart, pStart + pCount) of a column into `pArray`, whose lower bound is

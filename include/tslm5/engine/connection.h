@@ -17,6 +17,7 @@ namespace tslm5 {
 /// also be called by name, through `IDispatch`. Caller's thread only.
 class IConnection : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000043ULL, 0x8a1f4c0b6d2e7343ULL};
 
   /// Runs exactly one statement, with or without a ";" at its end. Anything but blanks and

@@ -10,6 +10,7 @@ namespace tslm5 {
 /// The application makes it with `OpenRun`, hands it to the datasets and keeps it while they live.
 class IConnectionService : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000044ULL, 0x8a1f4c0b6d2e7344ULL};
 
   /// A variant holding the `IConnection`.

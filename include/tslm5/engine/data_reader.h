@@ -15,6 +15,7 @@ namespace tslm5 {
 /// is not there, and otherwise what the engine raises. Caller's thread only.
 class IDataReader : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000041ULL, 0x8a1f4c0b6d2e7341ULL};
 
   /// Moves to the next record; false at the end.
@@ -27,10 +28,13 @@ class IDataReader : public IUnknown {
   virtual std::string GetString(std::int32_t pIndex) = 0;
   /// Ends the reading; may be called again.
   virtual void Close() = 0;
+  /// Fields of each record, also before the first one.
   virtual std::int32_t FieldCount() = 0;
+  /// The field's name as the SELECT gives it, also before the first record.
   virtual std::string FieldName(std::int32_t pIndex) = 0;
   /// The field in its own kind: null, integer (double beyond 32 bits), double or string.
   virtual Variant GetValue(std::int32_t pIndex) = 0;
+  /// The field is NULL, which the typed getters read as 0 or "".
   virtual bool IsNull(std::int32_t pIndex) = 0;
 
  protected:

@@ -12,6 +12,7 @@ namespace tslm5 {
 /// A face of a connection for rows of numbers that need not become text first.
 class INumberInserter : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000045ULL, 0x8a1f4c0b6d2e7345ULL};
 
   /// Does what `Execute` does with `pHead` + the numbers and `pRow`, separated by commas, + ");",

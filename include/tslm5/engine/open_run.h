@@ -11,13 +11,14 @@ namespace tslm5 {
 
 /// How a run database is opened.
 struct RunOptions {
+  /// What may happen to the file.
   enum class Mode {
     kReadWrite,        ///< the file must exist
     kReadWriteCreate,  ///< a missing file is made when the first table is
     kReadOnly,         ///< the file must exist and is not changed
   };
 
-  Mode mode = Mode::kReadWrite;
+  Mode mode = Mode::kReadWrite;  ///< not looked at for a database in memory
   /// A database that lives in memory and is gone with the run object; the path must be empty.
   bool in_memory = false;
   /// How long a statement waits for a database that another process has locked.

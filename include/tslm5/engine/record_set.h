@@ -14,6 +14,7 @@ namespace tslm5 {
 /// Records are fetched in blocks when they are first read. Caller's thread only.
 class IRecordSet : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000042ULL, 0x8a1f4c0b6d2e7342ULL};
 
   /// Writes what is pending and lets go of the buffer; a closed record set has no records.
@@ -28,7 +29,9 @@ class IRecordSet : public IUnknown {
   /// changes in one transaction at `Update`, at `Close`, and before any other statement of the
   /// connection. Only a record set over a whole table can be written, else 5.
   virtual void SetField(const Variant& pFieldIndex, const Variant& pValue) = 0;
+  /// Fields of each record, the key `row` of a data table among them.
   virtual std::int32_t FieldCount() = 0;
+  /// Number of records as the table is now.
   virtual std::int32_t RecordCount() = 0;
   /// Writes the pending changes to the table.
   virtual void Update() = 0;

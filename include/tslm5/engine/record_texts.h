@@ -11,6 +11,7 @@ namespace tslm5 {
 /// A face of a reader for whole records of text: one call a record, and no string a field.
 class IRecordTexts : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000046ULL, 0x8a1f4c0b6d2e7346ULL};
 
   /// Points `pTexts` at the texts of the first fields of the current record, as many as it has

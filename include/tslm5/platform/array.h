@@ -15,7 +15,9 @@ namespace tslm5 {
 template <class T>
 class Array {
  public:
+  /// Without elements, the lower bound 0.
   Array() = default;
+  /// Takes `elements` over; the first one has the index `lower_bound`.
   explicit Array(std::vector<T> elements, std::int32_t lower_bound = 0)
       : lower_bound_(lower_bound), elements_(std::move(elements)) {}
 
@@ -28,21 +30,30 @@ class Array {
     lower_bound_ = lower_bound;
   }
 
+  /// Index of the first element.
   std::int32_t LowerBound() const { return lower_bound_; }
   /// `LowerBound()` - 1 when the array is empty.
   std::int32_t UpperBound() const {
     return static_cast<std::int32_t>(lower_bound_ + static_cast<std::int64_t>(elements_.size()) -
                                      1);
   }
+  /// Number of elements.
   std::size_t Size() const { return elements_.size(); }
 
+  ///@{
+  /// The element at `index`, counted from the lower bound; good until the array is next resized.
   T& operator[](std::int32_t index) { return elements_[Offset(index)]; }
   const T& operator[](std::int32_t index) const { return elements_[Offset(index)]; }
+  ///@}
 
-  /// The elements in order, the first one at offset 0 whatever the lower bound.
+  ///@{
+  /// The elements in order, the first one at offset 0 whatever the lower bound. The vector is the
+  /// array's own and lives as long.
   const std::vector<T>& Elements() const { return elements_; }
   std::vector<T>& Elements() { return elements_; }
+  ///@}
 
+  /// The same lower bound and equal elements.
   friend bool operator==(const Array&, const Array&) = default;
 
  private:

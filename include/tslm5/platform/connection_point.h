@@ -15,6 +15,7 @@ namespace tslm5 {
 /// Where a listener attaches to an object that raises events.
 class IConnectionPoint : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000003ULL, 0x8a1f4c0b6d2e7303ULL};
 
   /// Attaches `pSink`, which must have the object's sink interface (else 13), and returns a cookie
@@ -36,6 +37,8 @@ class IConnectionPoint : public IUnknown {
 template <class Sink>
 class SinkList {
  public:
+  /// Attaches `sink`, holding a reference to its `Sink` face, and returns a cookie greater than 0.
+  /// Raises 13 when it has no such face. Cookies are never used again.
   std::int32_t Advise(IUnknown* sink) {
     Ref<Sink> face = Query<Sink>(sink);
     if (!face) RaiseTypeMismatch();
@@ -45,6 +48,7 @@ class SinkList {
     return last_cookie_;
   }
 
+  /// Detaches the sink of `cookie`; an unknown cookie raises 5.
   void Unadvise(std::int32_t cookie) {
     auto next = Copy();
     if (std::erase_if(*next, [cookie](const auto& entry) { return entry.first == cookie; }) == 0) {

@@ -42,10 +42,12 @@ class Dictionary {
     return place == places_.end() ? Variant() : entries_[place->second].second;
   }
 
+  /// Whether there is an entry of that key, be its value empty.
   bool Exists(const Variant& key) const { return places_.contains(Encode(key)); }
+  /// Number of entries.
   std::size_t Count() const { return entries_.size(); }
 
-  /// Keys and values in the order of insertion.
+  /// Keys and values in the order of insertion; good until the dictionary is next changed.
   const std::vector<std::pair<Variant, Variant>>& Entries() const { return entries_; }
 
  private:

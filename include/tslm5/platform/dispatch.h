@@ -12,6 +12,7 @@ namespace tslm5 {
 /// Calls of an object's operations by name.
 class IDispatch : public IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000002ULL, 0x8a1f4c0b6d2e7302ULL};
 
   /// Calls the operation `pName` (compared without regard to ASCII case) and returns its result,

@@ -15,7 +15,9 @@ namespace tslm5 {
 /// The reference count of one object. It starts at one, for the maker.
 class RefCount {
  public:
+  /// Adds one and returns the new count.
   std::uint32_t Increment() { return count_.fetch_add(1, std::memory_order_relaxed) + 1; }
+  /// Takes one away and returns what is left; at 0 the caller destroys the object.
   std::uint32_t Decrement() { return count_.fetch_sub(1, std::memory_order_acq_rel) - 1; }
 
   /// Parks the count while the object is destroyed, so that a passing `AddRef`/`Release` pair
@@ -34,6 +36,7 @@ class CountedObject : public I {
   CountedObject(const CountedObject&) = delete;
   CountedObject& operator=(const CountedObject&) = delete;
 
+  /// The faces are `I` and `IUnknown`, one pointer.
   bool QueryInterface(const Uuid& pId, void** pObject) override {
     const bool known = pId == I::kId || pId == IUnknown::kId;
     *pObject = known ? static_cast<I*>(this) : nullptr;
@@ -41,8 +44,10 @@ class CountedObject : public I {
     return known;
   }
 
+  /// As `IUnknown` says.
   std::uint32_t AddRef() final { return count_.Increment(); }
 
+  /// As `IUnknown` says; the count is parked while the destructor runs.
   std::uint32_t Release() noexcept final {
     const std::uint32_t left = count_.Decrement();
     if (left == 0) {
@@ -101,16 +106,20 @@ class FacetOwner : public IUnknown {
 template <class I>
 class Facet : public I {
  public:
+  /// A facet of `owner`, which is not counted: it holds the facet.
   explicit Facet(IUnknown& owner) : owner_(owner) {}
   Facet(const Facet&) = delete;
   Facet& operator=(const Facet&) = delete;
 
+  ///@{
+  /// The owner's, as `IUnknown` says.
   bool QueryInterface(const Uuid& pId, void** pObject) final {
     return owner_.QueryInterface(pId, pObject);
   }
   std::uint32_t AddRef() final { return owner_.AddRef(); }
   std::uint32_t Release() noexcept final { return owner_.Release(); }
   std::string_view TypeName() final { return owner_.TypeName(); }
+  ///@}
 
  protected:
   ~Facet() = default;

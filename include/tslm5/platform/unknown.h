@@ -6,12 +6,15 @@
 
 #include "tslm5/platform/uuid.h"
 
+/// The contract: interfaces, the values that they pass, and what makes objects. Text is UTF-8,
+/// failures are raised as `Error`, and nothing starts a thread.
 namespace tslm5 {
 
 /// The base of every interface: identity, reference count and the name of the object's type.
 /// Objects are made with a count of one and let go of with `Release`. Caller's thread only.
 class IUnknown {
  public:
+  /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000001ULL, 0x8a1f4c0b6d2e7301ULL};
 
   /// Puts the object's face for `pId` into `*pObject`, counted, and returns true; or puts nullptr

@@ -25,6 +25,7 @@ using VariantArray = Array<Variant>;
 
 /// The value that a database calls NULL.
 struct Null {
+  /// Always equal, unlike NULL in SQL.
   friend bool operator==(Null, Null) { return true; }
 };
 
@@ -34,9 +35,14 @@ struct Null {
 /// Copies are deep but for objects, arrays and maps, which are shared.
 class Variant {
  public:
+  /// What a variant holds: nothing, NULL, a boolean, 32 bits, a double, UTF-8, a `Ref`, an array, a
+  /// map.
   enum class Kind { kEmpty, kNull, kBoolean, kInteger, kDouble, kString, kObject, kArray, kMap };
 
+  /// Holds nothing.
   Variant() = default;
+  ///@{
+  /// Holds the value given; an object by its `IUnknown` face, an array or a map shared.
   Variant(Null) : value_(Null{}) {}
   Variant(bool value) : value_(value) {}
   Variant(std::int32_t value) : value_(value) {}
@@ -48,14 +54,20 @@ class Variant {
   Variant(Ref<T> object) : value_(object.template As<IUnknown>()) {}
   Variant(std::shared_ptr<VariantArray> array) : value_(std::move(array)) {}
   Variant(std::shared_ptr<Dictionary> map) : value_(std::move(map)) {}
+  ///@}
   /// A raw pointer is no value (it would pass for a boolean): hand over a `Ref`.
   Variant(const void*) = delete;
 
+  /// Conversions do not change it.
   Kind GetKind() const { return static_cast<Kind>(value_.index()); }
+  /// Holds nothing; NULL and "" are values.
   bool IsEmpty() const { return GetKind() == Kind::kEmpty; }
+  /// Holds NULL.
   bool IsNull() const { return GetKind() == Kind::kNull; }
+  /// Holds an integer or a double; a text that reads as one is none.
   bool IsNumber() const { return GetKind() == Kind::kInteger || GetKind() == Kind::kDouble; }
 
+  /// The value as a number. NULL, objects, arrays, maps and texts that are no number raise 13.
   double ToDouble() const {
     switch (GetKind()) {
       case Kind::kEmpty:
@@ -77,7 +89,7 @@ class Variant {
     RaiseTypeMismatch();
   }
 
-  /// A fraction goes to the nearest whole number, a half to the even one.
+  /// The value as a whole number: a fraction goes to the nearest one, a half to the even one.
   std::int32_t ToInteger() const {
     if (const auto* integer = std::get_if<std::int32_t>(&value_)) return *integer;
     const double number = std::nearbyint(ToDouble());
@@ -88,6 +100,7 @@ class Variant {
     return static_cast<std::int32_t>(number);
   }
 
+  /// Whether the value as a number is not 0; of the texts also "True", "true", "False", "false".
   bool ToBoolean() const {
     if (const auto* text = std::get_if<std::string>(&value_)) {
       if (*text == "True" || *text == "true") return true;
@@ -96,6 +109,8 @@ class Variant {
     return ToDouble() != 0.0;
   }
 
+  /// The value as text, a number in its shortest form with "."; raises 13 for NULL, objects, arrays
+  /// and maps.
   std::string ToString() const {
     switch (GetKind()) {
       case Kind::kEmpty:
@@ -113,12 +128,15 @@ class Variant {
     }
   }
 
-  /// The object held; empty when an object variant holds none.
+  ///@{
+  /// What is held, good as long as the variant keeps it; any other kind raises 13. An object may be
+  /// an empty reference.
   const Ref<IUnknown>& ToObject() const { return Get<Ref<IUnknown>>(); }
   const std::shared_ptr<VariantArray>& ToArray() const {
     return Get<std::shared_ptr<VariantArray>>();
   }
   const std::shared_ptr<Dictionary>& ToMap() const { return Get<std::shared_ptr<Dictionary>>(); }
+  ///@}
 
   /// Same kind and same value; objects, arrays and maps are equal when they are the same one.
   friend bool operator==(const Variant& left, const Variant& right) {
