@@ -28,7 +28,7 @@ class IDataReader : public IUnknown {
   virtual std::string GetString(std::int32_t pIndex) = 0;
   /// Ends the reading; may be called again.
   virtual void Close() = 0;
-  /// Fields of each record, also before the first one.
+  /// Fields of each record, also before the first one; 0 when closed.
   virtual std::int32_t FieldCount() = 0;
   /// The field's name as the SELECT gives it, also before the first record.
   virtual std::string FieldName(std::int32_t pIndex) = 0;

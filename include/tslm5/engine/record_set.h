@@ -29,9 +29,9 @@ class IRecordSet : public IUnknown {
   /// changes in one transaction at `Update`, at `Close`, and before any other statement of the
   /// connection. Only a record set over a whole table can be written, else 5.
   virtual void SetField(const Variant& pFieldIndex, const Variant& pValue) = 0;
-  /// Fields of each record, the key `row` of a data table among them.
+  /// Fields of each record, the key `row` of a data table among them; 0 when closed.
   virtual std::int32_t FieldCount() = 0;
-  /// Number of records as the table is now.
+  /// Number of records as the table is now; 0 when closed.
   virtual std::int32_t RecordCount() = 0;
   /// Writes the pending changes to the table.
   virtual void Update() = 0;

@@ -15,7 +15,7 @@ namespace error_number {
 inline constexpr std::int32_t kInvalidCall = 5;  ///< missing key, or an argument of no meaning
 /// A number outside 32 bits, or an infinite one for a table.
 inline constexpr std::int32_t kOverflow = 6;
-inline constexpr std::int32_t kOutOfMemory = 7;  ///< the engine found no memory
+inline constexpr std::int32_t kOutOfMemory = 7;  ///< no room for cells or, in the engine, anything
 /// An index outside an array, a record or the data in memory.
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kDivisionByZero = 11;  ///< a mean of no values, a scale of no width
