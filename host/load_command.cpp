@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "host/cell_rule.h"
 #include "host/cell_survey.h"
@@ -15,6 +16,7 @@
 #include "host/load_report.h"
 #include "host/prepared_load.h"
 #include "host/problem_list.h"
+#include "host/record_reader.h"
 #include "host/shown_text.h"
 #include "host/store_set.h"
 #include "host/terminal.h"
@@ -23,13 +25,25 @@
 namespace tslm5::host {
 namespace {
 
+constexpr int kRecordsLookedAt = 100;
+
 constexpr const char* kNoLabels =
     "the first line was dropped, but not taken for labels: one of them is a number, or two are the "
     "same; the set has no labels (--no-labels keeps the line as a record)";
 
+/// Whether the check was refused for a cell that is no number.
+bool IsAboutAWord(const std::string& message) {
+  return message.find(". Value in row ") != std::string::npos ||
+         message.find("Missing value(s) in row ") != std::string::npos ||
+         message.find("non-numeric values in the first data row") != std::string::npos ||
+         message.find("The response variable has missing values") != std::string::npos;
+}
+
 /// Refuses a file that the data check refuses, in its words. One whose records are its columns is
 /// looked at by the survey alone: the check knows records in lines.
-void RequireValid(const LoadOptions& options, const DelimitedText& text, bool comma_is_decimal) {
+/// With `takes_words`, a word or a missing value is no reason: what refuses the file comes later.
+void RequireValid(const LoadOptions& options, const DelimitedText& text, bool comma_is_decimal,
+                  bool takes_words) {
   if (!options.checks || text.is_transposed) return;
   CheckRequest request;
   request.file = options.file;
@@ -37,7 +51,7 @@ void RequireValid(const LoadOptions& options, const DelimitedText& text, bool co
   request.has_labels = options.has_labels;
   request.lines = std::count(text.text.begin(), text.text.end(), '\n');
   const CheckAnswer answer = CheckFile(request);
-  if (answer.is_valid) return;
+  if (answer.is_valid || (takes_words && IsAboutAWord(answer.message))) return;
   const ProblemList problems = FindAnsweredProblem(text, request, answer, comma_is_decimal);
   throw Failure(ExitCode::kRefused,
                 PlaceOf(problems.first.front()) + Escaped(OneLine(answer.message)) +
@@ -69,8 +83,24 @@ bool AsksForMore(const LoadOptions& options) {
          !options.missing_tokens.empty();
 }
 
+/// Whether the first records show that the text does not hold numbers alone.
+bool ShowsWords(const DelimitedText& text, bool comma_is_decimal) {
+  const CellRule rule(comma_is_decimal, {});
+  RecordReader reader(text);
+  std::vector<std::string_view> cells;
+  for (int looked_at = 0; looked_at < kRecordsLookedAt && reader.Next(); ++looked_at) {
+    SplitAtBlanks(reader.Clean(), cells);
+    const bool is_plain = std::all_of(cells.begin(), cells.end(), [&rule](std::string_view cell) {
+      return rule.Classify(cell) == CellClass::kNumber;
+    });
+    if (!is_plain) return true;
+  }
+  return false;
+}
+
 /// The survey of a file of numbers alone, which the dataset loads by itself; nothing for any other.
 std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is_decimal) {
+  if (ShowsWords(text, comma_is_decimal)) return std::nullopt;
   try {
     CellSurvey survey = SurveyCells(text, comma_is_decimal);
     if (survey.text.count == 0 && survey.missing.count == 0) return survey;
@@ -91,23 +121,16 @@ std::string ResponseName(const LoadOptions& options, const RunGlimpse& run,
 }
 
 /// Whether a testing set has its response elsewhere than in its last column.
-bool MustMoveResponse(const LoadOptions& options, const RunGlimpse& run, const DelimitedText& text,
-                      bool comma_is_decimal) {
-  if (options.set->type == data_set_type::kTraining || run.response.empty()) return false;
-  const FieldTable table = ReadFields(text, comma_is_decimal);
-  return !table.labels.empty() && table.labels.back() != run.response &&
-         !ResponseName(options, run, table).empty();
-}
-
-/// Whether the records of a text are all of one length.
-bool CanReadFields(const DelimitedText& text, bool comma_is_decimal) {
-  try {
-    ReadFields(text, comma_is_decimal);
-    return true;
-  } catch (const Failure& failure) {
-    if (failure.Code() == ExitCode::kInterrupted) throw;
-    return false;
-  }
+bool MustMoveResponse(const LoadOptions& options, const RunGlimpse& run,
+                      const DelimitedText& text) {
+  const bool is_testing = options.set->type == data_set_type::kTesting;
+  if (!is_testing || run.response.empty() || !text.has_label_line) return false;
+  std::string_view line;
+  LineCursor(text.text).Next(line);
+  std::vector<std::string_view> labels;
+  SplitLine(line, *text.separator, labels);
+  return labels.back() != run.response &&
+         std::find(labels.begin(), labels.end(), run.response) != labels.end();
 }
 
 void Report(const LoadReport& report, bool json, Output& output) {
@@ -122,9 +145,9 @@ void LoadNumbers(const LoadOptions& options, const FieldFile& file, const CellSu
   Report({options, file.separator, survey, stored, nullptr, nullptr}, options.json, output);
 }
 
+/// REQUIRES: the file's table is read.
 void LoadPrepared(const LoadOptions& options, const RunGlimpse& run, FieldFile& file,
                   bool comma_is_decimal, Output& output) {
-  file.table = ReadFields(file.text, comma_is_decimal);
   RequireStructure(options, options.file, file, comma_is_decimal);
   PlaceResponse(file.table, ResponseName(options, run, file.table));
   std::optional<FieldFile> testing;
@@ -152,13 +175,17 @@ void RunLoad(const LoadOptions& options, Output& output) {
   const RunGlimpse run = GlimpseRun(options.run);
   const bool is_testing = options.set->type == data_set_type::kTesting;
   const bool goes_on = run.is_prepared && (is_testing ? run.has_training : run.has_testing);
-  if (numbers && !goes_on && !AsksForMore(options) &&
-      !MustMoveResponse(options, run, file.text, comma_is_decimal)) {
-    RequireValid(options, file.text, comma_is_decimal);
+  if (numbers && !goes_on && !AsksForMore(options) && !MustMoveResponse(options, run, file.text)) {
+    RequireValid(options, file.text, comma_is_decimal, false);
     return LoadNumbers(options, file, *numbers, output);
   }
-  if (!numbers && !CanReadFields(file.text, comma_is_decimal)) {
-    RequireValid(options, file.text, comma_is_decimal);  // in its words, before those of the fields
+  try {
+    file.table = ReadFields(file.text, comma_is_decimal);
+  } catch (const Failure& failure) {
+    if (failure.Code() == ExitCode::kRefused) {
+      RequireValid(options, file.text, comma_is_decimal, true);  // its words come first
+    }
+    throw;
   }
   LoadPrepared(options, run, file, comma_is_decimal, output);
 }

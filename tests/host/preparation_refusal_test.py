@@ -154,6 +154,13 @@ class PreparationRefusalTest(HostCase):
             "a,b\nx y,2\nz,4,5\n", *("--problem", "regression"),
         )
 
+    def test_a_word_is_not_blamed_for_a_ragged_line(self):
+        file = self.write("ragged.csv", "a,b\n1,2\n3,x\n4\n")
+        self.failed(
+            1, "line 4 has 1 fields, but the first record, on line 2, has 2",
+            *("load", file, "--run", self.run_path),
+        )
+
     def test_labels_that_do_not_fit(self):
         self.refused(
             'the label line has 2 labels, but the records have 3 columns: "a,b"',
