@@ -11,6 +11,7 @@
 #include "host/history_command.h"
 #include "host/info_command.h"
 #include "host/load_command.h"
+#include "host/original_command.h"
 #include "host/show_command.h"
 #include "host/shown_text.h"
 #include "host/stats_command.h"
@@ -25,6 +26,7 @@ constexpr AddCommand kCommands[] = {
     AddLoadCommand,
     AddInfoCommand,
     AddShowCommand,
+    AddOriginalCommand,
     AddStatsCommand,
     AddHistoryCommand,
     AddRegisterCommand,

@@ -4,11 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "host/interruption.h"
 #include "host/json_text.h"
-#include "host/original_cells.h"
 #include "host/shown_text.h"
 #include "tslm5/platform/number_text.h"
 
@@ -19,64 +17,47 @@ constexpr std::string_view kMissing = "NA";
 constexpr std::string_view kRowTitle = "row";
 constexpr std::string_view kGap = "  ";
 
-std::string CellText(double value) {
-  return std::isnan(value) ? std::string(kMissing) : NumberText(value);
-}
-
 void AppendRight(std::string& line, std::string_view text, std::size_t width) {
   line.append(width - std::min(width, DisplayWidth(text)), ' ');
   line += text;
 }
 
-/// The records of a selection one after the other: its numbers, and its originals if wanted.
-class RecordWalk {
- public:
-  explicit RecordWalk(const Selection& selection)
-      : selection_(selection), row_(selection.first_row - 1) {
-    if (selection.originals_of) {
-      originals_.emplace(*selection.originals_of, selection.table, selection.columns,
-                         selection.first_row);
-    }
+std::string TableCell(const RecordCell& cell) {
+  if (const auto* number = std::get_if<double>(&cell)) {
+    return std::isnan(*number) ? std::string(kMissing) : NumberText(*number);
   }
+  const auto* text = std::get_if<std::string>(&cell);
+  return text == nullptr ? "" : Cut(*text);
+}
 
-  bool Next() {
-    StopIfInterrupted();
-    if (++row_ >= selection_.end_row) return false;
-    if (originals_) originals_->Next();
-    return true;
+void AppendCsvCell(std::string& line, const RecordCell& cell) {
+  if (const auto* number = std::get_if<double>(&cell)) {
+    if (!std::isnan(*number)) AppendNumber(line, *number);
+  } else if (const auto* text = std::get_if<std::string>(&cell)) {
+    line += CsvField(*text);
   }
+}
 
-  bool HasOriginals() const { return originals_.has_value(); }
-  std::int32_t Row() const { return row_; }
-  double Number(std::size_t i) const {
-    return selection_.data_set.GetItem(selection_.columns[i], row_);
-  }
-  std::optional<std::string> Original(std::size_t i) const { return originals_->Text(i); }
-
- private:
-  const Selection& selection_;
-  std::int32_t row_;
-  std::optional<OriginalCells> originals_;
-};
-
-/// The labels of all that is written of a record.
-std::vector<std::string> Titles(const Selection& selection) {
-  std::vector<std::string> titles;
-  for (const std::string& label : selection.labels) {
-    titles.push_back(label);
-    if (selection.originals_of) titles.push_back(label + " (original)");
-  }
-  return titles;
+void AppendJsonCell(std::string& line, const RecordCell& cell) {
+  if (const auto* number = std::get_if<double>(&cell)) return AppendJsonNumber(line, *number);
+  nlohmann::ordered_json value = nullptr;
+  if (const auto* text = std::get_if<std::string>(&cell)) value = *text;
+  line += JsonText(value);
+  line.pop_back();
 }
 
 /// What a table shows of the record that the walk is at.
-std::vector<std::string> TableCells(const RecordWalk& walk, std::size_t columns) {
-  std::vector<std::string> cells;
-  for (std::size_t i = 0; i < columns; ++i) {
-    cells.push_back(CellText(walk.Number(i)));
-    if (walk.HasOriginals()) cells.push_back(Cut(walk.Original(i).value_or("")));
-  }
-  return cells;
+std::vector<std::string> TableCells(const RecordCells& record, std::size_t cells) {
+  std::vector<std::string> texts;
+  texts.reserve(cells);
+  for (std::size_t i = 0; i < cells; ++i) texts.push_back(TableCell(record.Cell(i)));
+  return texts;
+}
+
+/// Moves on, unless Ctrl-C was pressed.
+bool NextOf(RecordCells& records) {
+  StopIfInterrupted();
+  return records.Next();
 }
 
 /// The width of every column, the row numbers first.
@@ -85,8 +66,10 @@ std::vector<std::size_t> MeasureColumns(const Selection& selection,
   std::vector<std::size_t> widths = {
       std::max(kRowTitle.size(), fmt::formatted_size("{}", selection.end_row))};
   for (const std::string& title : titles) widths.push_back(DisplayWidth(title));
-  for (RecordWalk walk(selection); walk.Next();) {
-    const std::vector<std::string> cells = TableCells(walk, selection.columns.size());
+  const std::unique_ptr<RecordCells> records =
+      selection.walk(selection.first_row, selection.end_row);
+  while (NextOf(*records)) {
+    const std::vector<std::string> cells = TableCells(*records, titles.size());
     for (std::size_t i = 0; i < cells.size(); ++i) {
       widths[i + 1] = std::max(widths[i + 1], DisplayWidth(cells[i]));
     }
@@ -103,17 +86,10 @@ void AppendTableLine(std::string& line, const std::vector<std::string>& cells,
   line += '\n';
 }
 
-void AppendJsonText(std::string& line, const std::optional<std::string>& text) {
-  nlohmann::ordered_json value = nullptr;
-  if (text) value = *text;
-  line += JsonText(value);
-  line.pop_back();
-}
-
 }  // namespace
 
 void WriteTable(const Selection& selection, Output& output) {
-  std::vector<std::string> titles = Titles(selection);
+  std::vector<std::string> titles = selection.titles;
   for (std::string& title : titles) title = Cut(title);
   const std::vector<std::size_t> widths = MeasureColumns(selection, titles);
 
@@ -121,29 +97,31 @@ void WriteTable(const Selection& selection, Output& output) {
   AppendRight(line, kRowTitle, widths[0]);
   AppendTableLine(line, titles, widths);
   output.Write(line);
-  for (RecordWalk walk(selection); walk.Next();) {
+  const std::unique_ptr<RecordCells> records =
+      selection.walk(selection.first_row, selection.end_row);
+  while (NextOf(*records)) {
     line.clear();
-    AppendRight(line, fmt::format("{}", walk.Row() + 1), widths[0]);
-    AppendTableLine(line, TableCells(walk, selection.columns.size()), widths);
+    AppendRight(line, fmt::format("{}", records->Row() + 1), widths[0]);
+    AppendTableLine(line, TableCells(*records, titles.size()), widths);
     output.Write(line);
   }
 }
 
 void WriteCsv(const Selection& selection, Output& output) {
   std::string line;
-  const std::vector<std::string> titles = Titles(selection);
-  for (std::size_t i = 0; i < titles.size(); ++i) {
+  const std::size_t cells = selection.titles.size();
+  for (std::size_t i = 0; i < cells; ++i) {
     if (i > 0) line += ',';
-    line += CsvField(titles[i]);
+    line += CsvField(selection.titles[i]);
   }
   output.Write(line + '\n');
-  for (RecordWalk walk(selection); walk.Next();) {
+  const std::unique_ptr<RecordCells> records =
+      selection.walk(selection.first_row, selection.end_row);
+  while (NextOf(*records)) {
     line.clear();
-    for (std::size_t i = 0; i < selection.columns.size(); ++i) {
+    for (std::size_t i = 0; i < cells; ++i) {
       if (i > 0) line += ',';
-      const double value = walk.Number(i);
-      if (!std::isnan(value)) AppendNumber(line, value);
-      if (walk.HasOriginals()) line += ',' + CsvField(walk.Original(i).value_or(""));
+      AppendCsvCell(line, records->Cell(i));
     }
     line += '\n';
     output.Write(line);
@@ -152,19 +130,18 @@ void WriteCsv(const Selection& selection, Output& output) {
 
 void WriteJson(const Selection& selection, Output& output) {
   const nlohmann::ordered_json head = {{"set", selection.set_name},
-                                       {"labels", Titles(selection)},
+                                       {"labels", selection.titles},
                                        {"firstRow", selection.first_row + 1}};
   std::string line = JsonText(head);
   line.resize(line.rfind('}'));  // the rows follow inside the same object
   line += ",\"rows\":[";
-  for (RecordWalk walk(selection); walk.Next();) {
-    line += walk.Row() == selection.first_row ? "[" : ",[";
-    for (std::size_t i = 0; i < selection.columns.size(); ++i) {
+  const std::unique_ptr<RecordCells> records =
+      selection.walk(selection.first_row, selection.end_row);
+  while (NextOf(*records)) {
+    line += records->Row() == selection.first_row ? "[" : ",[";
+    for (std::size_t i = 0; i < selection.titles.size(); ++i) {
       if (i > 0) line += ',';
-      AppendJsonNumber(line, walk.Number(i));
-      if (!walk.HasOriginals()) continue;
-      line += ',';
-      AppendJsonText(line, walk.Original(i));
+      AppendJsonCell(line, records->Cell(i));
     }
     line += ']';
     output.Write(line);

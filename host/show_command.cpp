@@ -2,12 +2,14 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <memory>
+#include <optional>
+#include <utility>
 
 #include "host/common_options.h"
 #include "host/failure.h"
 #include "host/label_list.h"
-#include "host/record_output.h"
+#include "host/original_cells.h"
 #include "host/run_metadata.h"
 #include "host/run_session.h"
 #include "host/shown_text.h"
@@ -24,8 +26,6 @@ constexpr const char* kShowExamples =
     "\n"
     "A table shows the first 20 rows unless --rows asks for others; csv and json show all.\n";
 
-constexpr std::int32_t kRowsOfATable = 20;
-
 Ref<IDataSet> RequireSet(const RunSession& session, const ShowOptions& options) {
   if (Ref<IDataSet> data_set = session.OpenDataSet(options.set->type)) return data_set;
   throw Failure(ExitCode::kTrouble, fmt::format("{} has no {} set (tslm5 info tells what it has)",
@@ -41,17 +41,39 @@ void RequireOriginals(const RunSession& session, const ShowOptions& options, std
                 fmt::format("the run keeps no original texts of the {} set", options.set->name));
 }
 
-/// The row past the last one to show.
-std::int32_t EndRow(const ShowOptions& options, std::int32_t rows) {
-  if (options.rows.is_given && options.rows.first > rows) {
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("--rows: the first row asked for is {}, but the {} set has {} rows",
-                              options.rows.first, options.set->name, rows));
+/// The numbers of a set's records, each followed by the text it was loaded as if wanted.
+class StoredRecords final : public RecordCells {
+ public:
+  StoredRecords(IDataSet& data_set, const std::vector<std::int32_t>& columns,
+                std::int32_t first_row, std::int32_t end_row)
+      : data_set_(data_set), columns_(columns), row_(first_row - 1), end_row_(end_row) {}
+
+  void ReadOriginals(IConnection& connection, std::string_view table) {
+    originals_.emplace(connection, table, columns_, row_ + 1);
   }
-  if (options.rows.is_given) return std::min(options.rows.last.value_or(rows), rows);
-  const bool is_table = options.format == ShowOptions::Format::kTable;
-  return is_table ? std::min(kRowsOfATable, rows) : rows;
-}
+
+  bool Next() override {
+    if (++row_ >= end_row_) return false;
+    if (originals_) originals_->Next();
+    return true;
+  }
+
+  std::int32_t Row() const override { return row_; }
+
+  RecordCell Cell(std::size_t i) const override {
+    if (!originals_) return data_set_.GetItem(columns_[i], row_);
+    if (i % 2 == 0) return data_set_.GetItem(columns_[i / 2], row_);
+    if (const auto text = originals_->Text(i / 2)) return *text;
+    return {};
+  }
+
+ private:
+  IDataSet& data_set_;
+  const std::vector<std::int32_t>& columns_;
+  std::int32_t row_;
+  std::int32_t end_row_;
+  std::optional<OriginalCells> originals_;
+};
 
 }  // namespace
 
@@ -59,46 +81,29 @@ void RunShow(const ShowOptions& options, Output& output) {
   const RunSession session(options.run, RunOptions::Mode::kReadOnly);
   const Ref<IDataSet> data_set = RequireSet(session, options);
   const std::vector<std::string> labels = LabelsOf(*data_set);
-  const std::int32_t rows = data_set->Rows();
-  Selection selection{*data_set,
-                      options.set->name,
-                      {},
-                      ChooseColumns(options.columns, labels),
-                      options.rows.first - 1,
-                      EndRow(options, rows),
-                      nullptr,
-                      options.set->table};
-  if (options.originals) {
-    RequireOriginals(session, options, data_set->Columns());
-    selection.originals_of = Ref<IConnection>(&session.Connection());
+  const auto columns = ChooseColumns(options.records.columns, labels);
+  if (options.originals) RequireOriginals(session, options, data_set->Columns());
+
+  Selection selection;
+  selection.set_name = options.set->name;
+  for (const std::int32_t column : columns) {
+    const std::string& label = labels[static_cast<std::size_t>(column)];
+    selection.titles.push_back(label);
+    if (options.originals) selection.titles.push_back(label + " (original)");
   }
-  for (const std::int32_t column : selection.columns) {
-    selection.labels.push_back(labels[static_cast<std::size_t>(column)]);
-  }
-  switch (options.format) {
-    case ShowOptions::Format::kTable:
-      WriteTable(selection, output);
-      if (!options.rows.is_given && selection.end_row < rows) {
-        output.Write(fmt::format("and {} more rows; --rows {}: shows them\n",
-                                 rows - selection.end_row, selection.end_row + 1));
-      }
-      break;
-    case ShowOptions::Format::kCsv:
-      WriteCsv(selection, output);
-      break;
-    case ShowOptions::Format::kJson:
-      WriteJson(selection, output);
-      break;
-  }
+  selection.walk = [&](std::int32_t first_row, std::int32_t end_row) {
+    auto records = std::make_unique<StoredRecords>(*data_set, columns, first_row, end_row);
+    if (options.originals) records->ReadOriginals(session.Connection(), options.set->table);
+    return records;
+  };
+  WriteRecords(std::move(selection), data_set->Rows(), options.records, output);
 }
 
 void AddShowCommand(CLI::App& app, Invocation& invocation) {
   struct Words {
     ShowOptions options;
     std::string set = "training";
-    std::string rows;
-    std::string format;
-    bool json = false;
+    RecordWords records;
   };
   CLI::App& show = *app.add_subcommand("show", "Print the records of a set");
   const auto words = std::make_shared<Words>();
@@ -108,27 +113,15 @@ void AddShowCommand(CLI::App& app, Invocation& invocation) {
   show.add_option("--set", words->set, "the set to print (default training)")
       ->check(CLI::IsMember(names))
       ->type_name("SET");
-  const CLI::Option* rows =
-      show.add_option("--rows", words->rows, "A:B, A:, :B or A; counted from 1, both ends included")
-          ->type_name("RANGE");
-  show.add_option("--columns", words->options.columns,
-                  "labels, or d0, d1, ...; separated by commas")
-      ->type_name("LABEL,...")
-      ->allow_extra_args(false);
+  AddRecordOptions(show, words->records);
   show.add_flag("--original", words->options.originals,
                 "show the untransformed text beside each number");
-  CLI::Option* format = show.add_option("--format", words->format, "how to print (default table)")
-                            ->check(CLI::IsMember({"table", "csv", "json"}))
-                            ->type_name("NAME");
-  show.add_flag("--json", words->json, "the same as --format json")->excludes(format);
   show.footer(kShowExamples);
-  const auto make = [words, rows] {
+  const auto make = [words] {
     ShowOptions options = words->options;
     options.run = RunName(options.run);
     options.set = FindSet(words->set);
-    if (rows->count() > 0) options.rows = ParseRowRange(words->rows);
-    if (words->format == "csv") options.format = ShowOptions::Format::kCsv;
-    if (words->format == "json" || words->json) options.format = ShowOptions::Format::kJson;
+    options.records = words->records.Read();
     return options;
   };
   WhenChosen(show, invocation, make, RunShow);

@@ -59,17 +59,17 @@ TEST(CommandLine, ShowTakesEveryOption) {
           .options);
   EXPECT_EQ(options.run, "r.db");
   EXPECT_EQ(options.set->type, data_set_type::kTimeSeriesTesting);
-  EXPECT_EQ(options.rows.first, 2);
-  EXPECT_EQ(options.rows.last, 5);
-  EXPECT_EQ(options.columns, (std::vector<std::string>{"a,b", "c"}));
-  EXPECT_EQ(options.format, ShowOptions::Format::kCsv);
+  EXPECT_EQ(options.records.rows.first, 2);
+  EXPECT_EQ(options.records.rows.last, 5);
+  EXPECT_EQ(options.records.columns, (std::vector<std::string>{"a,b", "c"}));
+  EXPECT_EQ(options.records.format, RecordOptions::Format::kCsv);
 }
 
 TEST(CommandLine, JsonIsAFormatOfShow) {
-  EXPECT_EQ(std::any_cast<ShowOptions>(Parsed({"show", "r.db"}).options).format,
-            ShowOptions::Format::kTable);
-  EXPECT_EQ(std::any_cast<ShowOptions>(Parsed({"show", "r.db", "--json"}).options).format,
-            ShowOptions::Format::kJson);
+  EXPECT_EQ(std::any_cast<ShowOptions>(Parsed({"show", "r.db"}).options).records.format,
+            RecordOptions::Format::kTable);
+  EXPECT_EQ(std::any_cast<ShowOptions>(Parsed({"show", "r.db", "--json"}).options).records.format,
+            RecordOptions::Format::kJson);
   EXPECT_NE(UsageOf({"show", "r.db", "--json", "--format", "csv"}), "taken");
 }
 
