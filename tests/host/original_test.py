@@ -84,14 +84,8 @@ class OriginalTest(HostCase):
             [[2, "2e1", "NA", "7"], [3, "?", "blue", "2"], [None, None, None, None]],
         )
 
-    def test_labels_of_both_without_a_label_line(self):
-        self.load("1;2;3\n3;4;5\n", "--no-labels")
-        change(self.run_path, "DELETE FROM OriginalDataLabels")
-        self.assertEqual(self.original("--set", "both")["labels"], ["key", "d0", "d1", "y"])
-        self.assertEqual(self.original()["labels"], ["key", "d0", "d1", "y"])
 
-
-class RefusalTest(HostCase):
+class OtherRunsTest(HostCase):
     def binarise(self, message, *options):
         self.failed(
             2,
@@ -142,6 +136,13 @@ class RefusalTest(HostCase):
         change(self.run_path, "DROP TABLE OriginalData")
         self.failed(3, f"{self.run_path} keeps no original texts", "original", self.run_path)
         self.assertEqual(query(self.run_path, "SELECT COUNT(*) FROM TrainingSet"), [(2,)])
+
+    def test_labels_of_a_run_that_keeps_none(self):
+        self.load("1;2\n3;4\n", "--no-labels")
+        change(self.run_path, "DELETE FROM OriginalDataLabels")
+        for name in ("training", "both", "all"):
+            shown = self.done("original", self.run_path, "--set", name, "--format", "csv")
+            self.assertEqual(shown, "key,d0,y\n1,1,2\n2,3,4\n")
 
 
 if __name__ == "__main__":
