@@ -90,7 +90,6 @@ std::string DataSetFacet::GetProperty(std::string_view pKey) {
 
 void DataSetFacet::ResetProperties() {
   state_.properties.Clear();
-  state_.working_properties.Clear();
 }
 
 void DataSetFacet::Parse(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels,

@@ -20,7 +20,6 @@ namespace tslm5 {
 /// What the facets of one `DataSetLite` share, with the defaults of a new one.
 struct DataSetLiteState {
   PropertyBag properties;
-  PropertyBag working_properties;  // the second collection of the data path
 
   std::string independent_vars_prefix = "d";
   std::string dependent_var_name = "y";
@@ -33,8 +32,6 @@ struct DataSetLiteState {
   std::string label_line;
 
   Ref<IUnknown> run;  // the connection service
-  bool run_attached = false;
-  bool is_first_load = true;
   Ref<TableLite> table;        // the set's own data table
   Ref<TableLite> extra_table;  // the time-series testing table, when there is one
 

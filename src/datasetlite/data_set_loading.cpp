@@ -7,10 +7,10 @@
 
 #include "contracts/event_args_objects.h"
 #include "contracts/property_source.h"
-#include "datasetlite/label_row.h"
 #include "datasetlite/record_access.h"
 #include "datasetlite/record_forwarder.h"
 #include "storage/transaction.h"
+#include "support/label_test.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
 

@@ -13,6 +13,7 @@
 #include "datasetlite/record_forwarder.h"
 #include "storage/table_names.h"
 #include "storage/transaction.h"
+#include "support/label_test.h"
 #include "support/locale.h"
 #include "support/separators.h"
 #include "support/shared_functions.h"

@@ -1,10 +1,6 @@
 #include "datasetlite/label_row.h"
 
-#include <algorithm>
-#include <unordered_set>
-
-#include "platform/collection.h"
-#include "support/numeric_test.h"
+#include "support/label_test.h"
 #include "support/text_cleanup.h"
 #include "support/text_split.h"
 #include "support/utf8.h"
@@ -16,18 +12,12 @@ std::vector<std::string> Fields(std::string_view line, std::string_view separato
   std::vector<std::string> fields;
   FieldCursor cursor(line, separator);
   for (std::string_view field; cursor.Next(field);) {
-    fields.push_back(PlainLabel(Utf8::TrimBlanks(field)));
+    fields.push_back(PlainLabel(std::string(Utf8::TrimBlanks(field))));
   }
   return fields;
 }
 
 }  // namespace
-
-std::string PlainLabel(std::string_view label) {
-  std::string plain(label);
-  std::replace(plain.begin(), plain.end(), kLabelBlank, ' ');
-  return plain;
-}
 
 std::vector<std::string> SplitLabelRow(std::string_view line, std::string_view separator,
                                        std::int32_t columns) {
@@ -43,13 +33,6 @@ std::vector<std::string> SplitLabelRow(std::string_view line, std::string_view s
     if (fields.size() == wanted) return fields;
   }
   return words;
-}
-
-bool AreLabels(const std::vector<std::string>& labels, char decimal) {
-  std::unordered_set<std::string> seen;
-  return std::all_of(labels.begin(), labels.end(), [&seen, decimal](const std::string& label) {
-    return !IsNumeric(label, decimal) && seen.insert(FoldKey(label)).second;
-  });
 }
 
 }  // namespace tslm5

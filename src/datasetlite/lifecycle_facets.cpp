@@ -51,10 +51,7 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
   Ref<IUnknown> run = RunIn(pRunPath, kLoadSource);
   if (pParams.IsEmpty() || (!run && !state_.run)) RaiseInvalidParameter(kLoadSource);
   const std::int32_t type = pParams.ToInteger();
-  if (run) {
-    state_.run = run;
-    state_.run_attached = true;
-  }
+  if (run) state_.run = run;
   state_.data_set_type = type;
   state_.table.Reset();
   state_.extra_table.Reset();
@@ -70,7 +67,6 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
   RunLabels::Load(state_);
   LoadColumnFlags(state_);
   state_.statistics.ExpectTables();
-  state_.is_first_load = false;
   state_.is_dirty = false;
   state_.is_ready = loaded;
   return loaded;

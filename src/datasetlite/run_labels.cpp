@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "datasetlite/label_row.h"
 #include "storage/run_statements.h"
 #include "storage/transaction.h"
+#include "support/label_test.h"
 #include "support/text_split.h"
 #include "support/utf8.h"
 
@@ -61,7 +61,8 @@ void Load(DataSetLiteState& state) {
 void Set(DataSetLiteState& state, std::string_view labels) {
   state.labels.clear();
   FieldCursor words(labels, " ");
-  for (std::string_view word; words.Next(word);) state.labels.push_back(PlainLabel(word));
+  for (std::string_view word; words.Next(word);)
+    state.labels.push_back(PlainLabel(std::string(word)));
   state.label_line = labels;
   state.has_labels = true;
   state.is_dirty = true;

@@ -5,11 +5,11 @@
 #include <string>
 #include <utility>
 
-#include "datasetlite/label_row.h"
 #include "datasetlite/run_labels.h"
 #include "storage/run_statements.h"
 #include "storage/transaction.h"
 #include "support/embedding.h"
+#include "support/label_test.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
 

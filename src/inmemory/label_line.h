@@ -14,9 +14,6 @@ namespace tslm5::LabelLine {
 /// "d" or "D" is doubled, so that no label is the prefix of the variables' names.
 std::vector<std::string> Read(std::string_view text, std::string_view separator);
 
-/// Whether no label is a number under `decimal`, and no two are equal without regard to case.
-bool AreLabels(const std::vector<std::string>& labels, char decimal);
-
 }  // namespace tslm5::LabelLine
 
 #endif  // TSLM5_INMEMORY_LABEL_LINE_H_

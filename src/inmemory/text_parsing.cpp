@@ -10,6 +10,7 @@
 #include "inmemory/parse_errors.h"
 #include "inmemory/record_converter.h"
 #include "support/file_helpers.h"
+#include "support/label_test.h"
 #include "support/locale.h"
 #include "support/separators.h"
 #include "support/shared_functions.h"
@@ -103,7 +104,7 @@ void TextParsing::TakeText(std::string& text, std::int32_t separator) {
 
 void TextParsing::TakeLabels(const std::string& text) {
   state_.labels = LabelLine::Read(text, separator_);
-  if (!LabelLine::AreLabels(state_.labels, CurrentLocale().DecimalSymbol())) {
+  if (!AreLabels(state_.labels, CurrentLocale().DecimalSymbol())) {
     ParseErrors::RaiseColumnCount(1);
   }
   state_.has_labels = true;

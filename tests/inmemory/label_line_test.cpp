@@ -34,18 +34,5 @@ TEST(LabelLine, DoublesTheLabelThatIsThePrefixOfVariables) {
   EXPECT_THAT(LabelLine::Read("d,D,dx,dd\n", ","), ElementsAre("dd", "DD", "dx", "dd"));
 }
 
-TEST(LabelLine, HasNoNumbersAmongItsLabels) {
-  EXPECT_TRUE(LabelLine::AreLabels({"a", "b1", "1x"}, '.'));
-  EXPECT_FALSE(LabelLine::AreLabels({"a", "1.5"}, '.'));
-  EXPECT_TRUE(LabelLine::AreLabels({"a", "1.5"}, ','));
-  EXPECT_FALSE(LabelLine::AreLabels({"1,5"}, ','));
-}
-
-TEST(LabelLine, HasNoLabelTwice) {
-  EXPECT_FALSE(LabelLine::AreLabels({"A", "b", "a"}, '.'));
-  EXPECT_FALSE(LabelLine::AreLabels({"\xC3\x89", "\xC3\xA9"}, '.'));  // one letter in both cases
-  EXPECT_TRUE(LabelLine::AreLabels({}, '.'));
-}
-
 }  // namespace
 }  // namespace tslm5
