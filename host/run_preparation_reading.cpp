@@ -54,10 +54,11 @@ void ReadColumns(IConnection& connection, Preparation& preparation) {
     column.missing = reader->GetInteger(2);
     column.figures = {ReadNumber(*reader, 3), ReadNumber(*reader, 4), ReadNumber(*reader, 5),
                       ReadNumber(*reader, 6)};
-    column.is_scaled =
-        preparation.scale.type != RunScale::kNone && CanScale(preparation.scale, column.figures);
-    const bool needs_identity = preparation.scale.type != RunScale::kNone && !column.is_scaled;
-    if (needs_identity) column.figures = IdentityFigures(preparation.scale);
+    if (preparation.scale.type != RunScale::kNone) {
+      const bool can_scale = CanScale(preparation.scale, column.figures);
+      if (!can_scale) column.figures = IdentityFigures(preparation.scale);
+      column.is_scaled = can_scale && !ChangesNothing(preparation.scale, column.figures);
+    }
     preparation.columns.push_back(std::move(column));
   }
   reader->Close();

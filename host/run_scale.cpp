@@ -21,14 +21,6 @@ constexpr std::string_view kRangeWord = "range:";
                             Quoted(text)));
 }
 
-bool IsIdentity(const RunScale& scale, const ScaleFigures& figures) {
-  const ScaleFigures identity = IdentityFigures(scale);
-  if (scale.type == RunScale::kZScore) {
-    return figures.average == identity.average && figures.deviation == identity.deviation;
-  }
-  return figures.minimum == identity.minimum && figures.maximum == identity.maximum;
-}
-
 }  // namespace
 
 RunScale ParseScale(std::string_view text) {
@@ -101,6 +93,14 @@ ScaleFigures IdentityFigures(const RunScale& scale) {
   return figures;
 }
 
+bool ChangesNothing(const RunScale& scale, const ScaleFigures& figures) {
+  const ScaleFigures identity = IdentityFigures(scale);
+  if (scale.type == RunScale::kZScore) {
+    return figures.average == identity.average && figures.deviation == identity.deviation;
+  }
+  return figures.minimum == identity.minimum && figures.maximum == identity.maximum;
+}
+
 bool CanScale(const RunScale& scale, const ScaleFigures& figures) {
   if (!figures.average || !figures.deviation) return false;
   if (!(*figures.minimum < *figures.maximum)) return false;
@@ -112,7 +112,7 @@ bool CanScale(const RunScale& scale, const ScaleFigures& figures) {
 }
 
 double Scaled(double value, const RunScale& scale, const ScaleFigures& figures) {
-  if (scale.type == RunScale::kNone || IsIdentity(scale, figures)) return value;
+  if (scale.type == RunScale::kNone || ChangesNothing(scale, figures)) return value;
   if (scale.type == RunScale::kZScore) return (value - *figures.average) / *figures.deviation;
   const double share = (value - *figures.minimum) / (*figures.maximum - *figures.minimum);
   if (scale.type == RunScale::kMinMax) return share;

@@ -38,6 +38,9 @@ ScaleFigures ComputeFigures(const std::vector<double>& values);
 /// Figures under which a column stays as it is.
 ScaleFigures IdentityFigures(const RunScale& scale);
 
+/// Whether a column of these figures stays as it is.
+bool ChangesNothing(const RunScale& scale, const ScaleFigures& figures);
+
 /// Whether values can be brought into the scale by these figures: neither constant nor beyond what
 /// a double holds.
 bool CanScale(const RunScale& scale, const ScaleFigures& figures);
