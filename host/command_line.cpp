@@ -11,6 +11,7 @@
 #include "host/history_command.h"
 #include "host/info_command.h"
 #include "host/load_command.h"
+#include "host/missing_command.h"
 #include "host/original_command.h"
 #include "host/show_command.h"
 #include "host/shown_text.h"
@@ -28,6 +29,7 @@ constexpr AddCommand kCommands[] = {
     AddShowCommand,
     AddOriginalCommand,
     AddStatsCommand,
+    AddMissingCommand,
     AddHistoryCommand,
     AddRegisterCommand,
     AddUnregisterCommand,

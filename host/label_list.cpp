@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <optional>
-#include <string_view>
 
 #include "host/failure.h"
 #include "host/lines.h"
@@ -15,6 +13,8 @@ namespace tslm5::host {
 namespace {
 
 constexpr std::size_t kShownLabels = 12;
+
+}  // namespace
 
 std::optional<std::int32_t> FindColumn(std::string_view name,
                                        const std::vector<std::string>& labels) {
@@ -26,16 +26,15 @@ std::optional<std::int32_t> FindColumn(std::string_view name,
   return std::nullopt;
 }
 
-std::int32_t RequireColumn(std::string_view name, const std::vector<std::string>& labels) {
+std::int32_t RequireColumn(std::string_view place, std::string_view name,
+                           const std::vector<std::string>& labels) {
   const auto column = FindColumn(name, labels);
   if (column) return *column;
   const auto trimmed = FindColumn(Trimmed(name), labels);
   if (trimmed) return *trimmed;
-  throw Failure(ExitCode::kUsage, fmt::format("--columns: there is no column {}; the labels are {}",
+  throw Failure(ExitCode::kUsage, fmt::format("{}: there is no column {}; the labels are {}", place,
                                               Quoted(name), LabelList(labels)));
 }
-
-}  // namespace
 
 std::string LabelList(const std::vector<std::string>& labels) {
   std::string list;
@@ -64,7 +63,7 @@ std::vector<std::int32_t> ChooseColumns(const std::vector<std::string>& words,
     std::string_view rest = word;
     for (std::size_t comma = 0; comma != std::string_view::npos; rest.remove_prefix(comma + 1)) {
       comma = rest.find(',');
-      columns.push_back(RequireColumn(rest.substr(0, comma), labels));
+      columns.push_back(RequireColumn("--columns", rest.substr(0, comma), labels));
       if (comma == std::string_view::npos) break;
     }
   }

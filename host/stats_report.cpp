@@ -2,16 +2,13 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "host/json_text.h"
 #include "host/shown_text.h"
+#include "host/text_table.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
 namespace {
-
-using Line = std::vector<std::string>;
 
 std::string FigureText(const std::optional<double>& figure) {
   return figure ? fmt::format("{:.6g}", *figure) : "-";
@@ -22,46 +19,24 @@ std::string LabelOf(const StatsReport& report, std::int32_t column) {
   return index < report.labels.size() ? report.labels[index] : fmt::format("d{}", column);
 }
 
-/// Lines of cells with aligned columns: the first one to the left, the others to the right; a last
-/// one that is no figure stands as it is.
-std::string Aligned(const std::vector<Line>& lines, std::size_t figures) {
-  std::vector<std::size_t> widths(figures + 1);
-  for (const Line& line : lines) {
-    for (std::size_t i = 0; i <= figures; ++i) {
-      widths[i] = std::max(widths[i], DisplayWidth(line[i]));
-    }
-  }
-  std::string text;
-  for (const Line& line : lines) {
-    text += line[0];
-    text.append(widths[0] - DisplayWidth(line[0]), ' ');
-    for (std::size_t i = 1; i <= figures; ++i) {
-      text.append(2 + widths[i] - DisplayWidth(line[i]), ' ');
-      text += line[i];
-    }
-    if (line.size() > figures + 1 && !line.back().empty()) text += "  " + line.back();
-    text += '\n';
-  }
-  return text;
-}
-
 std::string ColumnTable(const StatsReport& report) {
   constexpr std::size_t kFigures = 5;
-  std::vector<Line> lines = {{"column", "centroid", "medoid", "minimum", "maximum", "deviation"}};
+  std::vector<TableLine> lines = {
+      {"column", "centroid", "medoid", "minimum", "maximum", "deviation"}};
   for (std::size_t i = 0; i < report.columns.size(); ++i) {
     const ColumnFigures& column = report.columns[i];
-    Line line = {Cut(LabelOf(report, column.index)), FigureText(column.centroid),
-                 FigureText(column.medoid),          FigureText(column.minimum),
-                 FigureText(column.maximum),         FigureText(column.deviation)};
+    TableLine line = {Cut(LabelOf(report, column.index)), FigureText(column.centroid),
+                      FigureText(column.medoid),          FigureText(column.minimum),
+                      FigureText(column.maximum),         FigureText(column.deviation)};
     if (i < report.histograms.size()) line.push_back(report.histograms[i]);
     lines.push_back(std::move(line));
   }
-  return Aligned(lines, kFigures);
+  return AlignedTable(lines, kFigures);
 }
 
 std::string ClassTable(const StatsReport& report, const ClassFigures& one) {
   constexpr std::size_t kFigures = 4;
-  std::vector<Line> lines = {{"column", "centroid", "medoid", "minimum", "maximum"}};
+  std::vector<TableLine> lines = {{"column", "centroid", "medoid", "minimum", "maximum"}};
   for (const ColumnFigures& column : one.columns) {
     lines.push_back({Cut(LabelOf(report, column.index)), FigureText(column.centroid),
                      FigureText(column.medoid), FigureText(column.minimum),
@@ -69,7 +44,7 @@ std::string ClassTable(const StatsReport& report, const ClassFigures& one) {
   }
   return fmt::format("\nclass {}: {} record{}\n", NumberText(one.value), one.records,
                      one.records == 1 ? "" : "s") +
-         Aligned(lines, kFigures);
+         AlignedTable(lines, kFigures);
 }
 
 nlohmann::ordered_json Figure(const std::optional<double>& figure) {

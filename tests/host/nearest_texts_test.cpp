@@ -1,0 +1,36 @@
+#include "host/nearest_texts.h"
+
+#include <gtest/gtest.h>
+
+namespace tslm5::host {
+namespace {
+
+TEST(NearestTexts, DistanceCountsCharacters) {
+  EXPECT_EQ(EditDistance("", ""), 0u);
+  EXPECT_EQ(EditDistance("", "abc"), 3u);
+  EXPECT_EQ(EditDistance("abc", ""), 3u);
+  EXPECT_EQ(EditDistance("kitten", "sitting"), 3u);
+  EXPECT_EQ(EditDistance("größe", "grosse"), 3u);
+  EXPECT_EQ(EditDistance("é", "e"), 1u);
+}
+
+TEST(NearestTexts, DistanceLooksAtTheBeginningOfLongTexts) {
+  EXPECT_EQ(EditDistance(std::string(60, 'a') + "b", std::string(60, 'a') + "ccc"), 0u);
+}
+
+TEST(NearestTexts, ListsTheNearestFirst) {
+  EXPECT_EQ(NearestList("blu", {"green", "red", "blue"}), "\"blue\", \"red\", \"green\"");
+  EXPECT_EQ(NearestList("x", {}), "none");
+}
+
+TEST(NearestTexts, ListsADozenAndCountsTheRest) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < 100; ++i) texts.push_back("far away " + std::string(1 + i % 9, 'x'));
+  texts.emplace_back("near");
+  const std::string list = NearestList("near!", texts);
+  EXPECT_EQ(list.substr(0, 6), "\"near\"");
+  EXPECT_EQ(list.substr(list.size() - 12), " and 89 more");
+}
+
+}  // namespace
+}  // namespace tslm5::host
