@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/categories_command.h"
 #include "host/check_command.h"
 #include "host/components_command.h"
 #include "host/history_command.h"
@@ -29,6 +30,7 @@ constexpr AddCommand kCommands[] = {
     AddShowCommand,
     AddOriginalCommand,
     AddStatsCommand,
+    AddCategoriesCommand,
     AddMissingCommand,
     AddHistoryCommand,
     AddRegisterCommand,
