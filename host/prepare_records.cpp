@@ -79,10 +79,12 @@ void ScaleColumn(std::vector<double>& values, std::size_t columns, std::size_t i
   const bool is_number = !column.is_nominal && !is_response;
   column.is_scaled = is_number && CanScale(scale, column.figures);
   if (is_number && !column.is_scaled) {
-    warnings.push_back(fmt::format("the column {} is not normalised: {}", Cut(column.label),
-                                   column.figures.minimum == column.figures.maximum
-                                       ? "its training values are all the same"
-                                       : "its values are too large"));
+    const char* reason = !column.figures.average ? "it has no number in the training set"
+                         : column.figures.minimum == column.figures.maximum
+                             ? "its training values are all the same"
+                             : "its values are too large";
+    warnings.push_back(
+        fmt::format("the column {} is not normalised: {}", Cut(column.label), reason));
   }
   if (!column.is_scaled) {
     column.figures = IdentityFigures(scale);

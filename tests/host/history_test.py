@@ -50,6 +50,31 @@ class HistoryTest(HostCase):
             self.repeat(step["commandLine"], again)
         self.assertEqual(self.content(again), self.content(self.run_path))
 
+    def test_a_preparation_is_done_again_by_its_line(self):
+        rows = "".join(f"w {i % 3},{i},{'it' if i % 2 else 'n o'},n.a.\nw {i % 2},-9,it,{i}\nw 0,{i},it,$x\n"
+                       for i in range(20))
+        self.load(
+            "the word,b,is it,d\n" + rows,
+            *("--response", "is it", "--problem", "binary", "--testing-share", "0.25"),
+            *("--seed", "11", "--normalize", "range:-2:3", "--positive-class", "n o"),
+            *("--missing", "n.a.,$x", "--missing=-9"), name="it's.csv",
+        )
+        again = self.folder / "again.db"
+        (step,) = self.steps()
+        self.repeat(step["commandLine"], again)
+        self.assertEqual(self.content(again), self.content(self.run_path))
+        self.assertEqual(step["parameters"]["missing"], ["n.a.", "$x", "-9"])
+        self.assertEqual(step["parameters"]["positiveClass"], "n o")
+
+    def test_a_second_file_is_loaded_again_by_the_line(self):
+        testing = self.write("test ing.csv", "a;b\ny;4\n")
+        self.load("a,b\nx,1\ny,2\n", "--testing", testing)
+        again = self.folder / "again.db"
+        (step,) = self.steps()
+        self.assertEqual(step["parameters"]["testing"], str(testing))
+        self.repeat(step["commandLine"], again)
+        self.assertEqual(self.content(again), self.content(self.run_path))
+
     def test_a_load_that_noted_no_words_is_told_by_its_parameters(self):
         self.load("1,2\n3,4\n", "--no-labels")
         change(
