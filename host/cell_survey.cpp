@@ -105,9 +105,8 @@ class Surveyor {
   }
 
   [[noreturn]] void RefuseWidth() const {
-    std::string words =
-        fmt::format("{} {} has {} fields, but the first record, on line {}, has {}", Kind(),
-                    reader_.LineNumber(), cells_.size(), first_record_line_, found_.columns);
+    std::string words = UnevenRecord(fmt::format("{} {}", Kind(), reader_.LineNumber()),
+                                     cells_.size(), first_record_line_, found_.columns);
     std::vector<std::string_view> fields;
     SplitLine(reader_.Raw(), *text_.separator, fields);
     const bool fits = fields.size() == found_.columns;

@@ -91,9 +91,8 @@ class FieldReader {
   }
 
   [[noreturn]] void RefuseWidth() const {
-    Refuse(fmt::format("{} {} has {} fields, but the first record, on line {}, has {}",
-                       table_.place_word, reader_.LineNumber(), fields_.size(),
-                       table_.places.front(), table_.columns));
+    Refuse(UnevenRecord(fmt::format("{} {}", table_.place_word, reader_.LineNumber()),
+                        fields_.size(), table_.places.front(), table_.columns));
   }
 
   void TakeLabelLine(bool comma_is_decimal) {

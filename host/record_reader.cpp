@@ -1,5 +1,7 @@
 #include "host/record_reader.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <vector>
 
@@ -84,6 +86,12 @@ std::size_t CountLabels(std::string_view label_line, const Separator& separator,
   SplitAtBlanks(Trimmed(line), labels);
   if (labels.size() != columns && CountFields(label_line, separator) == columns) return columns;
   return labels.size();
+}
+
+std::string UnevenRecord(const std::string& place, std::size_t fields, std::int64_t first_line,
+                         std::size_t first_fields) {
+  return fmt::format("{} has {} field{}, but the first record, on line {}, has {}", place, fields,
+                     fields == 1 ? "" : "s", first_line, first_fields);
 }
 
 }  // namespace tslm5::host

@@ -68,6 +68,11 @@ inline bool IsDeleted(char c) {
 std::size_t CountLabels(std::string_view label_line, const Separator& separator,
                         std::size_t columns);
 
+/// What is wrong with a record of `fields` fields where the first one has others: `place` tells
+/// where it stands.
+std::string UnevenRecord(const std::string& place, std::size_t fields, std::int64_t first_line,
+                         std::size_t first_fields);
+
 }  // namespace tslm5::host
 
 #endif  // TSLM5_HOST_RECORD_READER_H_

@@ -99,7 +99,7 @@ TEST(CellSurvey, RefusesRecordsOfDifferentLengths) {
             "red\" counts as a separator too");
   EXPECT_EQ(RefusalOf("a,b\n1,2\n3 , 4\n"), "taken");
   EXPECT_EQ(RefusalOf("a,b\n1,2\n3,\n"),
-            "line 3 has 1 fields, but the first record, on line 2, has 2; an empty field at the "
+            "line 3 has 1 field, but the first record, on line 2, has 2; an empty field at the "
             "beginning or the end of a line is not seen: write NA there");
 }
 
@@ -136,7 +136,7 @@ TEST(CellSurvey, SpeaksOfTransposedLines) {
     FAIL();
   } catch (const Failure& failure) {
     EXPECT_STREQ(failure.what(),
-                 "transposed line 3 has 1 fields, but the first record, on line 2, has 2");
+                 "transposed line 3 has 1 field, but the first record, on line 2, has 2");
   }
 }
 

@@ -157,7 +157,7 @@ class PreparationRefusalTest(HostCase):
     def test_a_word_is_not_blamed_for_a_ragged_line(self):
         file = self.write("ragged.csv", "a,b\n1,2\n3,x\n4\n")
         self.failed(
-            1, "line 4 has 1 fields, but the first record, on line 2, has 2",
+            1, "line 4 has 1 field, but the first record, on line 2, has 2",
             *("load", file, "--run", self.run_path),
         )
 

@@ -58,7 +58,7 @@ class RefusalTest(HostCase):
             "line 3 has 3 fields, but the first record, on line 2, has 2", "a,b\n1,2\n3,4,5\n"
         )
         self.refused(
-            "line 3 has 1 fields, but the first record, on line 2, has 2", "a,b\n1,2\n3\n6,7\n"
+            "line 3 has 1 field, but the first record, on line 2, has 2", "a,b\n1,2\n3\n6,7\n"
         )
 
     def test_ragged_columns(self):
