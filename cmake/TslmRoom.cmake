@@ -44,7 +44,10 @@ function(tslm5_shared)
                              "$<INSTALL_INTERFACE:include>")
   target_link_libraries(${SHARED_NAME} PRIVATE "-Wl,--whole-archive" ${SHARED_FROM}
                                                "-Wl,--no-whole-archive" tslm5_flags)
-  target_link_options(${SHARED_NAME} PRIVATE "-Wl,--version-script=${script}" "-Wl,--no-undefined")
+  target_link_options(${SHARED_NAME} PRIVATE "-Wl,--version-script=${script}")
+  if(NOT TSLM5_SANITIZE)  # clang's sanitizers stand in the program alone
+    target_link_options(${SHARED_NAME} PRIVATE "-Wl,--no-undefined")
+  endif()
   set_target_properties(${SHARED_NAME} PROPERTIES LINK_DEPENDS "${script}"
                                                   VERSION ${PROJECT_VERSION}
                                                   SOVERSION ${PROJECT_VERSION_MAJOR})
