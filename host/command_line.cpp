@@ -9,11 +9,13 @@
 #include "host/categories_command.h"
 #include "host/check_command.h"
 #include "host/components_command.h"
+#include "host/embed_command.h"
 #include "host/history_command.h"
 #include "host/info_command.h"
 #include "host/load_command.h"
 #include "host/missing_command.h"
 #include "host/original_command.h"
+#include "host/reset_command.h"
 #include "host/show_command.h"
 #include "host/shown_text.h"
 #include "host/stats_command.h"
@@ -32,6 +34,10 @@ constexpr AddCommand kCommands[] = {
     AddStatsCommand,
     AddCategoriesCommand,
     AddMissingCommand,
+    AddEmbedCommand,
+    AddResetCommand,
+    AddUndoCommand,
+    AddKeepCommand,
     AddHistoryCommand,
     AddRegisterCommand,
     AddUnregisterCommand,

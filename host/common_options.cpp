@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "host/failure.h"
+#include "host/set_names.h"
 #include "host/shown_text.h"
 #include "tslm5/contracts/codes.h"
 
@@ -15,6 +16,14 @@ void AddRun(CLI::App& command, std::string& run) {
 void AddDataSet(CLI::App& command, std::string& set, const std::string& purpose) {
   command.add_option("--set", set, purpose + " (default training)")
       ->check(CLI::IsMember({"training", "testing"}))
+      ->type_name("SET");
+}
+
+void AddAnyDataSet(CLI::App& command, std::string& set, const std::string& purpose) {
+  std::vector<std::string> names;
+  for (const SetName& one : kSets) names.emplace_back(one.name);
+  command.add_option("--set", set, purpose + " (default training)")
+      ->check(CLI::IsMember(names))
       ->type_name("SET");
 }
 

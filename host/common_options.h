@@ -15,6 +15,9 @@ void AddRun(CLI::App& command, std::string& run);
 /// `--set`, of the training and the testing set.
 void AddDataSet(CLI::App& command, std::string& set, const std::string& purpose);
 
+/// The same, of every set that a run can hold.
+void AddAnyDataSet(CLI::App& command, std::string& set, const std::string& purpose);
+
 /// `--separator`; "auto" means to be found out.
 void AddSeparator(CLI::App& command, std::string& separator);
 

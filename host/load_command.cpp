@@ -12,6 +12,7 @@
 #include "host/check_report.h"
 #include "host/failure.h"
 #include "host/file_check.h"
+#include "host/label_list.h"
 #include "host/load_files.h"
 #include "host/load_report.h"
 #include "host/prepared_load.h"
@@ -145,10 +146,23 @@ void LoadNumbers(const LoadOptions& options, const FieldFile& file, const CellSu
   Report({options, file.separator, survey, stored, nullptr, nullptr}, options.json, output);
 }
 
+/// A time series is one column, its values in order of time.
+void RequireSeries(const LoadOptions& options, const FieldTable& table) {
+  if (options.problem != problem_category::kTimeSeries || table.columns == 1) return;
+  std::vector<std::string> labels;
+  for (std::size_t column = 0; column < table.columns; ++column) {
+    labels.push_back(table.LabelOf(column));
+  }
+  throw Failure(ExitCode::kRefused,
+                fmt::format("a time series is one column, but the file has {}: {}", table.columns,
+                            LabelList(labels)));
+}
+
 /// REQUIRES: the file's table is read.
 void LoadPrepared(const LoadOptions& options, const RunGlimpse& run, FieldFile& file,
                   bool comma_is_decimal, Output& output) {
   RequireStructure(options, options.file, file, comma_is_decimal);
+  RequireSeries(options, file.table);
   PlaceResponse(file.table, ResponseName(options, run, file.table));
   std::optional<FieldFile> testing;
   if (!options.testing.empty()) {

@@ -110,6 +110,11 @@ void MakePreparation(const Words& words, LoadOptions& options) {
   if (!words.seed.empty() && !options.testing_share) {
     Misuse("--seed goes with --testing-share");
   }
+  if (options.testing_share && options.problem == problem_category::kTimeSeries) {
+    Misuse(
+        "--testing-share draws from anywhere in a series; load all of it, and tslm5 embed "
+        "--testing-samples keeps values at its end for testing");
+  }
   if (options.testing_share && !options.testing.empty()) {
     Misuse("--testing and --testing-share exclude each other");
   }

@@ -15,6 +15,7 @@
 #include "host/record_split.h"
 #include "host/run_metadata.h"
 #include "host/run_originals.h"
+#include "host/series_labels.h"
 #include "host/set_agreement.h"
 #include "host/shown_text.h"
 #include "host/statistics_feedback.h"
@@ -62,6 +63,7 @@ class Store {
         PrepareTraining(table, split.training, rule, wishes, load_.preparation);
     Tell(records);
 
+    DropTestingSamples(session_);
     SaveSet(data_set_type::kTraining, records.values, table.labels);
     ForgetPreparation(session_);
     WriteColumnNotes(table);

@@ -40,10 +40,14 @@ void WriteColumns(const RunSession& session, const std::vector<ColumnNote>& colu
   }
 }
 
-void ForgetFormerSet(const RunSession& session, std::int32_t type) {
-  DeleteFrom(session, "DataSetLabels", fmt::format("SetId = {}", type));
+void ForgetStatistics(const RunSession& session, std::int32_t type) {
   DeleteFrom(session, "DataSetStatistics", fmt::format("DataSetId = {}", type));
   DeleteFrom(session, "DataSetClassStatistics", fmt::format("DataSetId = {}", type));
+}
+
+void ForgetFormerSet(const RunSession& session, std::int32_t type) {
+  DeleteFrom(session, "DataSetLabels", fmt::format("SetId = {}", type));
+  ForgetStatistics(session, type);
 }
 
 std::string SqlText(std::string_view text) {

@@ -24,6 +24,9 @@ struct ColumnNote {
 void WriteColumns(const RunSession& session, const std::vector<ColumnNote>& columns,
                   bool has_labels);
 
+/// Takes away what was computed from the former records of set `type`.
+void ForgetStatistics(const RunSession& session, std::int32_t type);
+
 /// Takes away what was noted of or computed from the former records of set `type`: its labels and
 /// statistics.
 void ForgetFormerSet(const RunSession& session, std::int32_t type);

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <string>
 #include <vector>
@@ -15,24 +16,18 @@ namespace {
 
 constexpr std::size_t kIntegerText = 24;
 
-/// Adds `distance` to the keys of the records that `where` names. By way of negative keys, because
-/// a key may be taken until all have moved.
-void MoveKeys(IConnection& connection, std::string_view table, std::int32_t distance,
-              std::string_view where) {
-  if (distance == 0) return;
-  connection.Execute(
-      fmt::format("UPDATE {} SET row = -(row + ({})) WHERE {}", table, distance, where));
-  connection.Execute(fmt::format("UPDATE {} SET row = -row WHERE row < 0", table));
-}
-
 /// Leaves of the originals those whose keys stand in `kept_table`.
 void KeepOriginalsOf(const RunSession& session, std::string_view kept_table, std::int32_t columns) {
   IConnection& connection = session.Connection();
-  const bool kept =
-      connection.TableExists(kept_table) && session.ColumnsOf("OriginalData") == columns;
+  const std::int32_t present = session.ColumnsOf("OriginalData");
+  const bool kept = connection.TableExists(kept_table) && present >= columns;
   if (!kept) return CreateOriginals(connection, columns);
-  connection.Execute(
-      fmt::format("DELETE FROM OriginalData WHERE row NOT IN (SELECT row FROM {})", kept_table));
+  std::string others = fmt::format("row NOT IN (SELECT row FROM {})", kept_table);
+  if (kept_table == "TrainingSet" && connection.TableExists("TrainingSetBackup")) {
+    others += " AND row NOT IN (SELECT row FROM TrainingSetBackup)";  // an undo brings them back
+  }
+  connection.Execute(fmt::format("DELETE FROM OriginalData WHERE {}", others));
+  if (present > columns) FitOriginals(session, columns);
 }
 
 void AppendQuoted(std::string& sql, std::string_view text) {
@@ -73,6 +68,26 @@ void CreateOriginals(IConnection& connection, std::int32_t columns) {
   connection.Execute(sql + "row INTEGER PRIMARY KEY)");
 }
 
+void MoveKeys(IConnection& connection, std::string_view table, std::int32_t distance) {
+  if (distance == 0) return;
+  // By way of negative keys, because a key may be taken until all have moved.
+  connection.Execute(fmt::format("UPDATE {} SET row = -(row + ({}))", table, distance));
+  connection.Execute(fmt::format("UPDATE {} SET row = -row", table));
+}
+
+void FitOriginals(const RunSession& session, std::int32_t columns) {
+  IConnection& connection = session.Connection();
+  const std::int32_t present = session.ColumnsOf("OriginalData");
+  if (present == columns) return;
+  connection.Execute("ALTER TABLE OriginalData RENAME TO FormerOriginals");
+  CreateOriginals(connection, columns);
+  std::string names;
+  for (std::int32_t i = 0; i < std::min(present, columns); ++i) names += fmt::format("d{}, ", i);
+  connection.Execute(
+      fmt::format("INSERT INTO OriginalData ({0}row) SELECT {0}row FROM FormerOriginals", names));
+  connection.Execute("DROP TABLE FormerOriginals");
+}
+
 std::vector<std::int32_t> ReadRowKeys(IConnection& connection, std::string_view table) {
   std::vector<std::int32_t> keys;
   const Ref<IDataReader> reader =
@@ -85,7 +100,7 @@ std::vector<std::int32_t> ReadRowKeys(IConnection& connection, std::string_view 
 void SetRowKeys(IConnection& connection, std::string_view table,
                 const std::vector<std::int32_t>& keys) {
   if (keys.empty()) return;
-  if (AreConsecutive(keys)) return MoveKeys(connection, table, keys.front() - 1, "1");
+  if (AreConsecutive(keys)) return MoveKeys(connection, table, keys.front() - 1);
   connection.Execute("CREATE TABLE RowKeys (position INTEGER PRIMARY KEY, key INTEGER)");
   for (std::size_t i = 0; i < keys.size(); ++i) {
     connection.Execute(fmt::format("INSERT INTO RowKeys VALUES ({}, {});", i + 1, keys[i]));
@@ -103,7 +118,7 @@ std::int32_t ArrangeRowKeys(const RunSession& session, std::int32_t type, std::i
     const bool trained = connection.TableExists("TrainingSet");
     const std::int32_t before =
         trained ? session.ReadInteger("SELECT MAX(row) FROM TrainingSet") : 0;
-    MoveKeys(connection, "TestingSet", before, "1");
+    MoveKeys(connection, "TestingSet", before);
     KeepOriginalsOf(session, "TrainingSet", columns);
     return before + 1;
   }
@@ -111,8 +126,8 @@ std::int32_t ArrangeRowKeys(const RunSession& session, std::int32_t type, std::i
   if (connection.TableExists("TestingSet")) {
     const std::int32_t first = session.ReadInteger("SELECT MIN(row) FROM TestingSet");
     const std::int32_t distance = records + 1 - first;
-    MoveKeys(connection, "OriginalData", distance, "1");
-    MoveKeys(connection, "TestingSet", distance, "1");
+    MoveKeys(connection, "OriginalData", distance);
+    MoveKeys(connection, "TestingSet", distance);
   }
   return 1;
 }

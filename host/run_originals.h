@@ -27,6 +27,13 @@ std::int32_t ArrangeRowKeys(const RunSession& session, std::int32_t type, std::i
 /// Makes `OriginalData` anew, empty.
 void CreateOriginals(IConnection& connection, std::int32_t columns);
 
+/// Gives `OriginalData`, which must be there, so many columns. Texts in a column of before and of
+/// after stay.
+void FitOriginals(const RunSession& session, std::int32_t columns);
+
+/// Adds `distance` to the keys of a table's records.
+void MoveKeys(IConnection& connection, std::string_view table, std::int32_t distance);
+
 /// Gives the records of a data table, whose keys are 1, 2, ..., these keys. REQUIRES: ascending.
 void SetRowKeys(IConnection& connection, std::string_view table,
                 const std::vector<std::int32_t>& keys);

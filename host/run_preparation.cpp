@@ -162,6 +162,25 @@ void WriteTestingPreparation(const RunSession& session, const Preparation& prepa
       preparation.IsMerging() ? 1 : 0));
 }
 
+std::int32_t ReadProblem(const RunSession& session) {
+  return session.ReadInteger(
+      "SELECT intvalue FROM RunParameters WHERE namespace = 'set_gen' AND element = "
+      "'ProblemCategory'");
+}
+
+void WriteProblem(const RunSession& session, std::int32_t problem) {
+  session.Connection().Execute(
+      "DELETE FROM RunParameters WHERE namespace = 'set_gen' AND element = 'ProblemCategory'");
+  WriteParameter(session.Connection(), "set_gen", "ProblemCategory", problem);
+}
+
+void WriteEmbeddedFigures(const RunSession& session, std::int32_t columns) {
+  if (session.ReadInteger("SELECT COUNT(*) FROM DataSetStatisticsForMissing") == 0) return;
+  session.Connection().Execute("DELETE FROM DataSetStatisticsForCode");
+  session.Connection().Execute("DELETE FROM DataSetStatisticsForMissing");
+  WritePlainFigures(session, static_cast<std::size_t>(columns));
+}
+
 void ForgetPreparation(const RunSession& session) {
   IConnection& connection = session.Connection();
   for (const char* table : {"DataSetColumnCategories", "MissingMappings", "ResponseEncoding",

@@ -36,6 +36,13 @@ void WriteTestingPreparation(const RunSession& session, const Preparation& prepa
 /// tokens only those that training cells hold are counted.
 Preparation ReadPreparation(const RunSession& session);
 
+/// The run's problem category; regression where the run does not tell.
+std::int32_t ReadProblem(const RunSession& session);
+void WriteProblem(const RunSession& session, std::int32_t problem);
+
+/// Gives each column of an embedded training set figures of its own, where the series had some.
+void WriteEmbeddedFigures(const RunSession& session, std::int32_t columns);
+
 /// Takes all of it away.
 void ForgetPreparation(const RunSession& session);
 

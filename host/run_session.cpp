@@ -12,6 +12,7 @@
 #include "tslm5/component/create_object.h"
 #include "tslm5/contracts/lifecycle.h"
 #include "tslm5/contracts/run_schema.h"
+#include "tslm5/contracts/time_series.h"
 
 namespace tslm5::host {
 namespace {
@@ -52,8 +53,14 @@ void RunSession::CreateSchema() const {
 
 Ref<IDataSet> RunSession::OpenDataSet(std::int32_t type) const {
   auto data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
-  const bool loaded = data_set.As<IPersistable>()->Load(Variant(run_), Variant(type));
-  return loaded ? data_set : nullptr;
+  if (!data_set.As<IPersistable>()->Load(Variant(run_), Variant(type))) return nullptr;
+  // The column records of a run tell of its embedded records; a series beside them has its own
+  // label.
+  if (data_set->Columns() == 1 && connection_->TableExists("DataSetColumn") &&
+      ReadInteger("SELECT COUNT(*) > 1 FROM DataSetColumn") != 0) {
+    data_set.As<ITimeSeriesDataSet>()->LoadTimeSeriesLabel();
+  }
+  return data_set;
 }
 
 Ref<IDataSet> RunSession::AttachDataSet(std::int32_t type) const {

@@ -36,7 +36,7 @@ Ref<IDataSet> RequireSet(const RunSession& session, const ShowOptions& options) 
 void RequireOriginals(const RunSession& session, const ShowOptions& options, std::int32_t columns) {
   const bool is_plain =
       options.set->type == data_set_type::kTraining || options.set->type == data_set_type::kTesting;
-  if (is_plain && session.ColumnsOf("OriginalData") == columns) return;
+  if (is_plain && session.ColumnsOf("OriginalData") >= columns) return;
   throw Failure(ExitCode::kTrouble,
                 fmt::format("the run keeps no original texts of the {} set", options.set->name));
 }

@@ -1,8 +1,10 @@
 #ifndef TSLM5_HOST_STATISTICS_FEEDBACK_H_
 #define TSLM5_HOST_STATISTICS_FEEDBACK_H_
 
+#include "host/failure.h"
 #include "host/interruption.h"
 #include "host/progress.h"
+#include "host/run_session.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/feedback.h"
 #include "tslm5/platform/object.h"
@@ -35,6 +37,17 @@ inline void ComputeStatistics(IDataSet& data_set, Progress& progress) {
   const auto feedback = MakeObject<StatisticsFeedback>(progress);
   data_set.CalculateStatistics(feedback.get());
   StopIfInterrupted();
+}
+
+/// The same beside a training set of another width, as a series beside its embedding. Figures by
+/// class go by the columns of the training set, so such a set may have none.
+inline void ComputeStatistics(const RunSession& session, IDataSet& data_set, Progress& progress) {
+  try {
+    ComputeStatistics(data_set, progress);
+  } catch (const Error& error) {
+    const bool is_narrow = session.ColumnsOf("TrainingSet") > data_set.Columns();
+    if (!is_narrow || !IsRefusedStatement(error)) throw;
+  }
 }
 
 }  // namespace tslm5::host

@@ -44,7 +44,7 @@ void EnsureComputed(const StatsOptions& options) {
   }
   Progress progress(Terminal::OfStandardError());
   Transaction transaction(session.Connection());
-  ComputeStatistics(*RequireSet(session, options), progress);
+  ComputeStatistics(session, *RequireSet(session, options), progress);
   transaction.Commit();
 }
 
@@ -77,7 +77,7 @@ void AddStatsCommand(CLI::App& app, Invocation& invocation) {
   CLI::App& stats = *app.add_subcommand("stats", "Print the statistics of a set's columns");
   const auto words = std::make_shared<Words>();
   AddRun(stats, words->options.run);
-  AddDataSet(stats, words->set, "the set to describe");
+  AddAnyDataSet(stats, words->set, "the set to describe");
   stats.add_flag("--by-class", words->options.by_class, "the same for each class of the response");
   AddJson(stats, words->options.json);
   stats.footer(kStatsExamples);

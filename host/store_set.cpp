@@ -11,6 +11,7 @@
 #include "host/run_originals.h"
 #include "host/run_preparation.h"
 #include "host/run_session.h"
+#include "host/series_labels.h"
 #include "host/set_agreement.h"
 #include "host/shown_text.h"
 #include "host/statistics_feedback.h"
@@ -73,6 +74,7 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
   const SetName& set = *options.set;
   session.CreateSchema();
   RequireSameColumns(session, set, survey.columns);
+  if (set.type == data_set_type::kTraining) DropTestingSamples(session);
   const Ref<IDataSet> data_set = session.AttachDataSet(set.type);
   Parse(*data_set, options, text, survey, progress);
 

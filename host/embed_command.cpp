@@ -1,0 +1,133 @@
+#include "host/embed_command.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <limits>
+
+#include "host/common_options.h"
+#include "host/embed_run.h"
+#include "host/json_text.h"
+#include "host/shown_text.h"
+#include "host/terminal.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr const char* kEmbedExamples =
+    "Examples:\n"
+    "  tslm5 load passengers.csv --run air.db --problem timeseries\n"
+    "  tslm5 embed air.db --dimension 12 --delay 1\n"
+    "  tslm5 embed air.db --dimension 3 --delay 2 --testing-samples 12 --json\n"
+    "\n"
+    "The training set, a series of one column, becomes records of E inputs and a response: the\n"
+    "values E*D, ..., 2*D, D before it. Testing samples are the last value and those D, 2*D, ...\n"
+    "before it; no record holds a value from the first of them on.\n";
+
+constexpr std::int32_t kMaxDimension = 1998;  // with the response, what a data table takes
+
+std::int32_t ParseWhole(const char* option, const std::string& word, std::int32_t lowest,
+                        std::int32_t highest) {
+  std::int32_t value = 0;
+  const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), value);
+  const bool is_whole = code == std::errc{} && end == word.data() + word.size();
+  if (is_whole && value >= lowest && value <= highest) return value;
+  throw Failure(ExitCode::kUsage, fmt::format("{}: {} is out of range; expected a whole number "
+                                              "from {} to {}",
+                                              option, Quoted(word), lowest, highest));
+}
+
+std::string Holds(const EmbedOptions& options, std::int32_t column) {
+  if (column == options.dimension) return "the value itself (the response)";
+  const std::int64_t lag = LagOf(options, column);
+  return fmt::format("the value {} before", lag);
+}
+
+std::string Values(std::int64_t count) {
+  return fmt::format("{} {}", count, count == 1 ? "value" : "values");
+}
+
+std::string EmbedText(const EmbedOptions& options, const EmbeddedRun& embedded) {
+  std::string text =
+      fmt::format("{} is embedded: {} of {} columns\n", Escaped(options.run),
+                  embedded.records == 1 ? "1 record" : fmt::format("{} records", embedded.records),
+                  embedded.labels.size());
+  std::int32_t column = 0;
+  std::size_t width = 0;
+  for (const std::string& label : embedded.labels) width = std::max(width, label.size());
+  for (const std::string& label : embedded.labels) {
+    text += fmt::format("  {:<{}}  {}\n", label, width, Holds(options, column++));
+  }
+  text +=
+      fmt::format("lost       {} at the start, which are inputs only\n", Values(LagOf(options, 0)));
+  if (options.testing_samples == 0) return text;
+  text += fmt::format("testing    {} samples, {} apart, in the set time-series-testing\n",
+                      options.testing_samples, Values(options.delay));
+  const std::int64_t unused = UnusedValues(options);
+  if (unused > 0) text += fmt::format("unused     {} between the samples\n", Values(unused));
+  return text;
+}
+
+std::string EmbedJson(const EmbedOptions& options, const EmbeddedRun& embedded) {
+  nlohmann::ordered_json columns = nlohmann::ordered_json::array();
+  std::int32_t column = 0;
+  for (const std::string& label : embedded.labels) {
+    columns.push_back({{"label", label}, {"lag", LagOf(options, column++)}});
+  }
+  return JsonText({{"run", options.run},
+                   {"dimension", options.dimension},
+                   {"delay", options.delay},
+                   {"values", embedded.series_rows},
+                   {"rows", embedded.records},
+                   {"columns", std::move(columns)},
+                   {"lostAtStart", LagOf(options, 0)},
+                   {"testingSamples", options.testing_samples},
+                   {"unused", UnusedValues(options)},
+                   {"warnings", embedded.warnings}});
+}
+
+}  // namespace
+
+void RunEmbed(const EmbedOptions& options, Output& output) {
+  const EmbeddedRun embedded = EmbedRun(options);
+  for (const std::string& warning : embedded.warnings) Warn(warning);
+  output.Write(options.json ? EmbedJson(options, embedded) : EmbedText(options, embedded));
+}
+
+void AddEmbedCommand(CLI::App& app, Invocation& invocation) {
+  struct Words {
+    std::string run;
+    std::string dimension;
+    std::string delay;
+    std::string samples = "0";
+    bool json = false;
+  };
+  CLI::App& embed = *app.add_subcommand("embed", "Make records of a time series");
+  const auto words = std::make_shared<Words>();
+  AddRun(embed, words->run);
+  embed.add_option("--dimension", words->dimension, "how many earlier values a record holds")
+      ->required()
+      ->type_name("E");
+  embed.add_option("--delay", words->delay, "how many values lie from one of them to the next")
+      ->required()
+      ->type_name("D");
+  embed
+      .add_option("--testing-samples", words->samples,
+                  "how many values at the end to keep for testing (default 0)")
+      ->type_name("T");
+  AddJson(embed, words->json);
+  embed.footer(kEmbedExamples);
+  const auto make = [words] {
+    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+    EmbedOptions options;
+    options.run = RunName(words->run);
+    options.dimension = ParseWhole("--dimension", words->dimension, 1, kMaxDimension);
+    options.delay = ParseWhole("--delay", words->delay, 1, kMost);
+    options.testing_samples = ParseWhole("--testing-samples", words->samples, 0, kMost);
+    options.json = words->json;
+    return options;
+  };
+  WhenChosen(embed, invocation, make, RunEmbed);
+}
+
+}  // namespace tslm5::host
