@@ -26,6 +26,16 @@ std::string Problems(const CheckReport& report) {
   return text;
 }
 
+/// Whether a problem that is told is a value that is no number, and not the shape of the file.
+bool TellsOfValues(const CheckReport& report) {
+  for (const Problem& problem : report.problems.first) {
+    for (const std::string_view words : {" is invalid: ", "non-numeric values", "missing values"}) {
+      if (problem.message.find(words) != std::string::npos) return true;
+    }
+  }
+  return false;
+}
+
 std::string Verdict(const CheckReport& report) {
   const std::string file = Escaped(report.request.file);
   if (report.answer.is_valid) {
@@ -74,7 +84,14 @@ std::string CheckText(const CheckReport& report) {
         changed.count, changed.first->line, changed.first->column + 1,
         Quoted(changed.first->value));
   }
-  return text + Problems(report);
+  text += Problems(report);
+  if (TellsOfValues(report)) {
+    text +=
+        "note       words and missing values do not keep tslm5 load from a file: it codes the "
+        "words "
+        "and keeps a missing input as missing\n";
+  }
+  return text;
 }
 
 std::string CheckJson(const CheckReport& report) {

@@ -11,6 +11,10 @@ import unittest
 from host_case import PROGRAM, HostCase, dump, plain_environment
 
 VALID = "a,b\n1,2\n3,4\n"
+NOTE = (
+    "note       words and missing values do not keep tslm5 load from a file: it codes the words and "
+    "keeps a missing input as missing\n"
+)
 AUTO = "separator  comma: it gives 2 fields in each of the {} lines looked at\n"
 
 
@@ -49,7 +53,7 @@ class CheckTest(HostCase):
             "data.csv is not valid\n"
             + AUTO.format(4)
             + 'line 3, record 2, column 2 (b): "x": Invalid Training. Value in row 2, column 2. is '
-            "invalid: x\n",
+            "invalid: x\n" + NOTE,
         )
         answer = self.json("a,b\n1,2\n3,x\ny,4\n", code=1)
         self.assertEqual((answer["valid"], answer["row"], answer["column"]), (False, 2, 2))
@@ -82,12 +86,17 @@ class CheckTest(HostCase):
             "sure this is a valid record or remove it from the dataset.",
         )
 
+    def test_the_shape_of_a_file_is_refused_without_the_note(self):
+        printed = self.check("a,b\n1,2\n3\n", code=1)
+        self.assertIn("Row number 2 has an invalid number of columns", printed)
+        self.assertNotIn("note", printed)
+
     def test_shows_so_many_and_counts_all(self):
         content = "a,b\n1,2\n" + "x,y\n" * 30
         printed = self.check(content, "--all", code=1)
         self.assertIn("data.csv is not valid: 60 problems\n", printed)
         self.assertEqual(printed.count("is invalid: "), 20)
-        self.assertTrue(printed.endswith("and 40 more problems; --max 60 shows them all\n"))
+        self.assertTrue(printed.endswith("and 40 more problems; --max 60 shows them all\n" + NOTE))
         answer = self.json(content, "--all", "--max", "3", code=1)
         self.assertEqual((answer["problemCount"], len(answer["problems"])), (60, 3))
         answer = self.json(content, "--all", "--max", "0", code=1)
