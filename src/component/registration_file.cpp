@@ -3,6 +3,8 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -10,6 +12,7 @@
 #include "component/class_objects.h"
 #include "tslm5/component/entry_points.h"
 #include "tslm5/component/registration.h"
+#include "tslm5/component/registration_folders.h"
 
 namespace tslm5 {
 namespace {
@@ -52,9 +55,12 @@ bool WriteRegistration() {
   const std::filesystem::path library = LibraryPath();
   const std::filesystem::path file = RegistrationPath();
   if (library.empty() || file.empty()) return false;
+  if (library.string().find_first_of("\r\n") != std::string::npos) return false;  // one line each
   std::error_code error;
   std::filesystem::create_directories(file.parent_path(), error);
-  const std::filesystem::path fresh = file.string() + "." + std::to_string(::getpid());
+  static std::atomic<std::uint32_t> calls{0};  // several threads may register at once
+  const std::filesystem::path fresh =
+      file.string() + "." + std::to_string(::getpid()) + "." + std::to_string(calls++);
   std::ofstream stream(fresh, std::ios::trunc | std::ios::binary);
   stream << RegistrationText(library.string());
   stream.close();

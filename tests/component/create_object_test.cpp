@@ -40,5 +40,12 @@ TEST(CreateObject, RaisesForAnInterfaceThatTheClassLacksAndKeepsNothing) {
   EXPECT_EQ(DllCanUnloadNow(), TSLM5_OK);
 }
 
+TEST(CreateObject, DoesNotTrustALibraryThatGivesNothingForDone) {
+  const auto gives_nothing = [](const void*, const void*, void**) -> std::int32_t {
+    return TSLM5_OK;
+  };
+  EXPECT_FALSE(MakeByClassObject<IDataSet>(gives_nothing, class_id::kDataSetLite));
+}
+
 }  // namespace
 }  // namespace tslm5

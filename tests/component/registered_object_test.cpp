@@ -20,8 +20,8 @@ bool IsLoaded() {
 }
 
 /// Calls an exported function of the library, which is loaded for the call.
-std::int32_t Call(const char* function) {
-  void* handle = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
+std::int32_t Call(const char* function, const std::string& library = kLibrary) {
+  void* handle = ::dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (handle == nullptr) throw std::runtime_error(::dlerror());
   const auto call = reinterpret_cast<decltype(&::DllRegisterServer)>(::dlsym(handle, function));
   const std::int32_t code = call();
@@ -77,6 +77,25 @@ TEST_F(RegisteredObject, OfALibraryThatIsNoComponentIsRefused) {
   const Error error = Raised([] { CreateObject<IDataSet>("Plain.Thing"); });
   EXPECT_NE(error.Description().find("it has no DllGetClassObject"), std::string::npos)
       << error.Description();
+}
+
+TEST_F(RegisteredObject, IsMadeByALibraryWhateverItsFolderIsCalled) {
+  const std::filesystem::path folder = registrations_.folder.PathOf("Größe ☂");
+  std::filesystem::create_directory(folder);
+  std::filesystem::copy_file(kLibrary, folder / "c.so");
+  ASSERT_EQ(Call("DllRegisterServer", folder / "c.so"), TSLM5_OK);
+  EXPECT_EQ(RegisteredComponents().at(0).library, folder / "c.so");
+  EXPECT_EQ(CreateObject<IDataSet>("TSLM5DataManager.InMemorySet")->TypeName(), "InMemorySet");
+}
+
+TEST_F(RegisteredObject, IsNotRegisteredByAPathThatBreaksALine) {
+  const std::string former = registrations_.Text();
+  for (const char* name : {"a\nclass b", "a\r"}) {
+    const std::string library = registrations_.folder.PathOf(name);
+    std::filesystem::copy_file(kLibrary, library);
+    EXPECT_EQ(Call("DllRegisterServer", library), TSLM5_REGISTRATION_FAILED) << name;
+    EXPECT_EQ(registrations_.Text(), former) << name;
+  }
 }
 
 TEST_F(RegisteredObject, RaisesErrorsThatThisProgramCatches) {

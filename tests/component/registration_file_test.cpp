@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <fstream>
+#include <thread>
+#include <vector>
 
 #include "component/registration_folder.h"
 #include "tslm5/component/class_factory.h"
@@ -45,6 +48,22 @@ TEST(DllRegisterServer, TakesThePlaceOfAnOlderFile) {
   EXPECT_EQ(text.find("xxx"), std::string::npos);
   ASSERT_EQ(DllRegisterServer(), TSLM5_OK);
   EXPECT_EQ(registrations.Text(), text);
+  const std::filesystem::directory_iterator files(registrations.file.parent_path());
+  EXPECT_EQ(std::distance(files, {}), 1) << "nothing else is left in the folder";
+}
+
+TEST(DllRegisterServer, MayBeCalledByManyAtOnce) {
+  const RegistrationsOfTheTest registrations;
+  std::atomic<int> failures{0};
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&failures] {
+      for (int k = 0; k < 200; ++k) failures += DllRegisterServer() != TSLM5_OK;
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(failures, 0);
+  EXPECT_TRUE(ReadRegistration(registrations.file));
   const std::filesystem::directory_iterator files(registrations.file.parent_path());
   EXPECT_EQ(std::distance(files, {}), 1) << "nothing else is left in the folder";
 }

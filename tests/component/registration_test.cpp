@@ -2,6 +2,7 @@
 #include "tslm5/component/registration.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "component/registration_folder.h"
 
@@ -31,6 +32,50 @@ TEST(Registration, WithoutANameOrALibraryIsNone) {
     registrations.Write("TSLM5DataManager.component", text);
     EXPECT_FALSE(ReadRegistration(registrations.file)) << text;
   }
+}
+
+TEST(Registration, MayEndItsLinesAsOtherSystemsDo) {
+  const RegistrationsOfTheTest registrations;
+  registrations.Write("TSLM5DataManager.component",
+                      "component C\r\nlibrary /a/c.so\r\n"
+                      "class One 00000000000000a1-00000000000000b2\r\n");
+  const auto read = ReadRegistration(registrations.file);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->name, "C");
+  EXPECT_EQ(read->library, "/a/c.so");
+  ASSERT_EQ(read->classes.size(), 1U);
+  EXPECT_EQ(read->classes[0].id, (Uuid{0xa1, 0xb2}));
+}
+
+TEST(Registration, FindsALibraryByAPathFromItsOwnFolder) {
+  const RegistrationsOfTheTest registrations;
+  const auto library = [&registrations](const std::string& written) {
+    registrations.Write("TSLM5DataManager.component", "component C\nlibrary " + written + "\n");
+    return ReadRegistration(registrations.file)->library;
+  };
+  const std::filesystem::path folder = registrations.file.parent_path();
+  EXPECT_EQ(library("../lib/c.so"), folder / "../lib/c.so");
+  EXPECT_EQ(library("./Größe.so"), folder / "./Größe.so");
+  EXPECT_EQ(library("c.so.6"), "c.so.6") << "a name alone is looked for by the system";
+  EXPECT_EQ(library("/lib/c.so"), "/lib/c.so");
+}
+
+TEST(Registration, ThatIsNoSmallFileIsNone) {
+  const RegistrationsOfTheTest registrations;
+  const std::string text = "component C\nlibrary /c.so\n";
+  registrations.Write("TSLM5DataManager.component", text + std::string(1 << 20, 'x'));
+  EXPECT_FALSE(ReadRegistration(registrations.file)) << "larger than any registration";
+  registrations.Write("TSLM5DataManager.component", std::string("\0\xff \xfe\n", 5) + text);
+  EXPECT_TRUE(ReadRegistration(registrations.file)) << "other bytes are passed over";
+  std::filesystem::remove(registrations.file);
+  std::filesystem::create_directory(registrations.file);
+  EXPECT_FALSE(ReadRegistration(registrations.file)) << "a folder";
+  std::filesystem::remove(registrations.file);
+  std::filesystem::create_symlink("/dev/zero", registrations.file);
+  EXPECT_FALSE(ReadRegistration(registrations.file)) << "a device without an end";
+  std::filesystem::remove(registrations.file);
+  ASSERT_EQ(::mkfifo(registrations.file.c_str(), 0600), 0);
+  EXPECT_FALSE(ReadRegistration(registrations.file)) << "a pipe that nobody writes to";
 }
 
 TEST(Registration, IdentifiersAreReadWholeOrNotAtAll) {

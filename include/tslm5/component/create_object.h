@@ -20,6 +20,7 @@ template <class I>
 Ref<I> MakeByClassObject(LoadedComponents::GetClassObject get_class_object, const Uuid& id) {
   void* factory = nullptr;
   if (get_class_object(&id, &IClassFactory::kId, &factory) != TSLM5_OK) return nullptr;
+  if (factory == nullptr) return nullptr;
   const auto made = Ref<IClassFactory>::Adopt(static_cast<IClassFactory*>(factory));
   return Query<I>(made->CreateInstance());
 }
@@ -63,7 +64,7 @@ Ref<I> CreateObject(std::string_view name) {
 }
 
 /// Unloads the libraries that `CreateObject` loaded by name and of which nothing is in use any
-/// more. Returns how many.
+/// more. Returns how many. REQUIRES: no other thread is making or letting go of such an object.
 inline std::int32_t UnloadUnusedComponents() {
   return LoadedComponents::Instance().UnloadUnused();
 }

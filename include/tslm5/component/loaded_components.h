@@ -37,6 +37,7 @@ class LoadedComponents {
   }
 
   /// Unloads every library none of whose objects lives and that is not locked. Returns how many.
+  /// REQUIRES: no other thread is in code of such a library, nor holds a class maker.
   std::int32_t UnloadUnused() {
     const std::lock_guard lock(mutex_);
     std::int32_t unloaded = 0;

@@ -1,12 +1,9 @@
 #ifndef TSLM5_COMPONENT_REGISTRATION_H_
 #define TSLM5_COMPONENT_REGISTRATION_H_
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -16,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "tslm5/component/registration_folders.h"
 #include "tslm5/platform/uuid.h"
 
 namespace tslm5 {
@@ -28,7 +26,8 @@ namespace tslm5 {
 ///     library /usr/lib/x86_64-linux-gnu/libTSLM5DataManager.so.0.1.0
 ///     class DataSetLite 54534c4d350000c1-8a1f4c0b6d2e73c1
 ///
-/// Lines with other keys are passed over.
+/// Lines with other keys are passed over. A library's path that is not absolute goes from the
+/// folder of the file; a name alone is looked for where the system looks for libraries.
 struct RegisteredComponent {
   /// One class that the component makes.
   struct Class {
@@ -45,35 +44,6 @@ struct RegisteredComponent {
 
 /// What the name of a registration's file ends in, behind the component's name.
 inline constexpr std::string_view kRegistrationSuffix = ".component";
-
-/// The folders that are searched for registrations, in this order: with the environment variable
-/// TSLM5_COMPONENTS that folder alone; else the user's (`$XDG_DATA_HOME`, by default
-/// ~/.local/share) and the system's (/usr/local/share, /usr/share), each with /tslm5/components.
-inline std::vector<std::filesystem::path> RegistrationFolders() {
-  const auto variable = [](const char* name) {
-    const char* value = ::secure_getenv(name);
-    return std::filesystem::path(value == nullptr ? "" : value);
-  };
-  if (const auto chosen = variable("TSLM5_COMPONENTS"); !chosen.empty()) return {chosen};
-  std::vector<std::filesystem::path> folders;
-  if (const auto data = variable("XDG_DATA_HOME"); data.is_absolute()) {
-    folders.push_back(data);
-  } else if (const auto home = variable("HOME"); home.is_absolute()) {
-    folders.push_back(home / ".local/share");
-  }
-  folders.insert(folders.end(), {"/usr/local/share", "/usr/share"});
-  for (auto& folder : folders) folder /= "tslm5/components";
-  return folders;
-}
-
-/// The folder that this user registers into: the user's own, or as root /usr/local/share's; with
-/// TSLM5_COMPONENTS that one. Empty when the user has no home.
-inline std::filesystem::path RegistrationFolder() {
-  const std::vector<std::filesystem::path> folders = RegistrationFolders();
-  if (folders.size() == 1) return folders.front();  // the chosen one
-  if (::geteuid() == 0) return folders[folders.size() - 2];
-  return folders.size() == 3 ? folders.front() : std::filesystem::path();
-}
 
 /// The identifier as two groups of 16 hexadecimal digits with "-" between them.
 inline std::string UuidText(const Uuid& id) {
@@ -102,12 +72,18 @@ inline std::optional<Uuid> ParseUuid(std::string_view text) {
   return id;
 }
 
-/// Reads one registration; nothing when the file cannot be read or names no component or library.
+/// Reads one registration; nothing when the file cannot be read, is no file of at most 64 KiB, or
+/// names no component or library. Lines may end with CR LF.
 inline std::optional<RegisteredComponent> ReadRegistration(const std::filesystem::path& file) {
+  constexpr std::uintmax_t kLargest = std::uintmax_t{1} << 16;
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(file, error)) return std::nullopt;
+  if (std::filesystem::file_size(file, error) > kLargest) return std::nullopt;
   std::ifstream stream(file);
   RegisteredComponent component;
   component.file = file;
   for (std::string line; std::getline(stream, line);) {
+    if (line.ends_with('\r')) line.pop_back();
     const std::size_t blank = line.find(' ');
     if (blank == std::string::npos) continue;
     const std::string key = line.substr(0, blank);
@@ -123,6 +99,9 @@ inline std::optional<RegisteredComponent> ReadRegistration(const std::filesystem
     }
   }
   if (component.name.empty() || component.library.empty()) return std::nullopt;
+  if (component.library.has_parent_path()) {
+    component.library = file.parent_path() / component.library;  // an absolute path stays
+  }
   return component;
 }
 
