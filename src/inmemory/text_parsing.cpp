@@ -42,6 +42,24 @@ std::int32_t CountRows(std::string_view text) {
   return static_cast<std::int32_t>(count);
 }
 
+/// Readies lines that begin with the response for its move to their end: blanks in front of it are
+/// nothing, as everywhere; one that is left out becomes a token, or the last input would pass for
+/// it.
+void KeepFirstFields(std::string& text, std::string_view separator) {
+  if (separator == " ") {
+    SharedFunctions::MergeRepeats(separator, text);
+    TextCleanup::ReplaceToken(text, "\n ", "\n");
+  } else if (!separator.empty() && text.find("\n" + std::string(separator)) != std::string::npos) {
+    std::string kept;
+    kept.reserve(text.size() + text.size() / 8);
+    for (const char c : text) {
+      if (c == separator[0] && kept.ends_with('\n')) kept += '?';
+      kept += c;
+    }
+    text = std::move(kept);
+  }
+}
+
 /// No more rows than a text of this size can fill: one that promises more has a row that is too
 /// short, and will be refused there; its array need not be paid for.
 std::int32_t RowsToHold(std::int32_t rows, std::int32_t columns, std::size_t text_size) {
@@ -117,6 +135,7 @@ void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
       throw Error(error_number::kInvalidArgument, "ParseString",
                   "Text without a separator cannot be transposed: its lines would run together.");
     }
+    if (layout == layout_code::kResponseFirst) KeepFirstFields(text, separator_);
     text = StringHelpers::RearrangeText(std::move(text), separator_, layout);
   }
   if (has_labels) TakeLabels(text);
