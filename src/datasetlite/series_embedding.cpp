@@ -104,6 +104,7 @@ bool Embed(DataSetLiteState& state) {
                                    series, [&embedding](std::int32_t record, std::int32_t column) {
                                      return embedding->SeriesRow(record, column);
                                    });
+  LoadColumnFlags(state);
   transaction.Commit();
 
   state.table = std::move(table);
