@@ -129,6 +129,7 @@ bool DataSetLoading::Fill(IDataSet& source, IExtraSet* extra) {
   state_.labels = std::move(labels);
   state_.table = table;
   state_.cached_columns = columns;
+  state_.statistics.Empty();  // a handler may have had them read
   // An older extra table is the set's own table now, if that is what the type code says.
   const bool is_own = state_.data_set_type == data_set_type::kTimeSeriesTesting;
   if (extra_table || is_own) state_.extra_table = std::move(extra_table);

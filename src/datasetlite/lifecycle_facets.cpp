@@ -56,6 +56,7 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
   state_.table.Reset();
   state_.extra_table.Reset();
   state_.cached_columns = -1;
+  state_.statistics.ExpectTables();
 
   bool loaded = false;
   state_.table = OpenTable(state_.run, type, loaded);
@@ -66,7 +67,6 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
   }
   RunLabels::Load(state_);
   LoadColumnFlags(state_);
-  state_.statistics.ExpectTables();
   state_.is_dirty = false;
   state_.is_ready = loaded;
   return loaded;

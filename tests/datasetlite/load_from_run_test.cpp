@@ -109,6 +109,23 @@ TEST_F(DataSetLiteLoad, OfAnotherRunLeavesNothingOfTheFirst) {
   EXPECT_EQ(run_.TableRows("TrainingSet"), (Lines{"1|2|1"})) << "the first run is untouched";
 }
 
+TEST_F(DataSetLiteLoad, OfAnotherRunThatFailsForgetsTheFiguresOfTheFirst) {
+  Store("1,2\n", data_set_type::kTraining);
+  const LiteSet set;
+  set.Load(run_, data_set_type::kTraining);
+  set->CalculateStatistics(nullptr);
+  ASSERT_EQ(set->GetMax(0, 0, 0), 1.0);
+
+  const TestRun damaged;
+  CreateRunTables(*damaged.Connection());
+  ParseFile(LiteSet(damaged, 1), File("70,80\n"));
+  damaged.Execute("DROP TABLE DataSetColumn");
+  damaged.Execute("CREATE TABLE DataSetColumn (Id INTEGER)");
+  EXPECT_EQ(RaisedNumber([&] { set.Load(damaged, data_set_type::kTraining); }), 1);
+  EXPECT_EQ(set->GetMax(0, 0, 0), 70.0);
+  EXPECT_EQ(set->GetGlobalCentroid(0), 0.0);
+}
+
 TEST_F(DataSetLiteLoad, OfAnotherRunAsksForTheColumnCountAnew) {
   Store("1,2,3,4\n5,6,7,8\n", data_set_type::kTraining);
   const TestRun narrow;

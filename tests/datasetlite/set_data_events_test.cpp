@@ -128,6 +128,17 @@ TEST_F(DataSetLiteSetDataEvents, TakeBackTheRecordsWhenTheExtraSetFails) {
   EXPECT_FALSE(set_.As<IExtraSet>()->Exists());
 }
 
+TEST_F(DataSetLiteSetDataEvents, LetAHandlerReadTheFiguresOfTheOldRecordsOnceMore) {
+  set_->CalculateStatistics(nullptr);
+  events_->on_before_data_load = [this](IDataSet&, IParseEventArgs&) {
+    set_.Load(run_, data_set_type::kTraining);
+    EXPECT_EQ(set_->GetMax(0, 0, 0), 7.0);
+  };
+  EXPECT_TRUE(SetData());
+  EXPECT_EQ(set_->GetMax(0, 0, 0), 5.0);
+  EXPECT_FALSE(set_->HasGlobalRecordStatistics());
+}
+
 TEST_F(DataSetLiteSetDataEvents, LetAHandlerDropTheSet) {
   events_->on_before_data_load = [this](IDataSet&, IParseEventArgs&) { set_.Reset(); };
   SetData();
