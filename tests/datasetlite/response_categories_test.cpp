@@ -71,6 +71,12 @@ TEST_F(ResponseCategories, AreCountedByCategoryAndNotByRecord) {
              "NumericValue"}));
 }
 
+TEST_F(ResponseCategories, WithAClassWithoutACodeAreNotAnalysed) {
+  Recode({{"no", "0"}, {"yes", "1"}, {"maybe", "NULL"}});
+  EXPECT_EQ(RaisedNumber([&] { Analyse(); }), error_number::kTypeMismatch);
+  EXPECT_EQ(message_, "as it came");
+}
+
 TEST_F(ResponseCategories, MergeIntoTheSingledOutClassAndTheRest) {
   Recode({{"no", "0"}, {"yes", "1"}, {"maybe", "0"}});
   Merge();
@@ -194,6 +200,20 @@ TEST_F(ResponseCategories, MergeIsSeenAtOnceAndForgetsTheStatistics) {
   EXPECT_EQ(set_->GetMax(2, 0, 0), 8.0);
   EXPECT_EQ(set_->GetGlobalCentroid(2), 0.0);
   EXPECT_TRUE(set_.As<ILRServices>()->IsBinary());
+}
+
+TEST_F(ResponseCategories, MergeThatFailsMidwayKeepsWhatWasDone) {
+  Recode({{"no", "0"}, {"yes", "8"}, {"maybe", "0"}});
+  set_->CalculateStatistics(nullptr);
+  ASSERT_EQ(set_->GetMax(2, 0, 0), 2.0);
+  run_.Log().Clear();
+  run_.Log().FailAt(6, Error(1, "", "the other records"));
+  EXPECT_EQ(RaisedNumber([&] { Merge(); }), 1);
+  run_.Log().before = nullptr;
+  EXPECT_EQ(Encoding(), (Lines{"yes|8|0"}));
+  EXPECT_EQ(Training("d2"), (Lines{"0", "8", "0", "2"}));
+  EXPECT_EQ(Testing("d2"), (Lines{"1", "0"}));
+  EXPECT_EQ(set_->GetMax(2, 0, 0), 8.0) << "the figures of before are forgotten";
 }
 
 TEST_F(ResponseCategories, MergeFailsOnAnApostropheAndChangesNothing) {

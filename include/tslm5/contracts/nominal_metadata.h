@@ -33,9 +33,10 @@ class INominalDataSetMetadata : public IUnknown {
   virtual void UpdateCategory(std::string_view pName, std::string_view pNominal,
                               const Variant& pValue) = 0;
   /// Whether the response can be used as a binary one: two codes, one of them of a single nominal
-  /// value. `pMessage` receives the reason if not, and is left as it came otherwise.
+  /// value. `pMessage` receives the reason if not, and is left as it came otherwise. Raises 13 when
+  /// a category has no code beside two that have.
   virtual bool AnalyseResponseCategories(std::string& pMessage) = 0;
-  /// As it was when the set was loaded; false for an unknown column.
+  /// As the run said when the set got its data or its column records; false for an unknown column.
   virtual bool GetIsCategorical(std::int32_t pColumnIndex) = 0;
   /// The code of the most frequent category. Raises 100 for a column without categories.
   virtual double GetModeMapping(std::int32_t pColumnIndex) = 0;
