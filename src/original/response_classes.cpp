@@ -16,10 +16,10 @@ bool IsClassified(std::int32_t category) {
          category == problem_category::kFurtherClassification;
 }
 
-/// The first field of the first record into `value`; false when there is no record.
+/// The first field of the first record into `value`; false when there is no record or it is NULL.
 bool ReadFirst(IConnection& connection, std::string_view sql, double& value) {
   const Ref<IDataReader> reader = connection.ExecuteReader(sql);
-  if (!reader->Read()) return false;
+  if (!reader->Read() || reader->IsNull(0)) return false;
   value = reader->GetDouble(0);
   return true;
 }
