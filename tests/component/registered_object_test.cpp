@@ -79,6 +79,15 @@ TEST_F(RegisteredObject, OfALibraryThatIsNoComponentIsRefused) {
       << error.Description();
 }
 
+TEST_F(RegisteredObject, OfALibraryThatThrowsWhileItIsLoadedTellsWhat) {
+  registrations_.Write("throwing.component", "component Throwing\nlibrary " TSLM5_THROWING_LIBRARY
+                                             "\nclass Thing 0000000000000001-0000000000000002\n");
+  const Error error = Raised([] { CreateObject<IDataSet>("Throwing.Thing"); });
+  EXPECT_EQ(error.Number(), 429);
+  EXPECT_NE(error.Description().find("there is no licence"), std::string::npos)
+      << error.Description();
+}
+
 TEST_F(RegisteredObject, IsMadeByALibraryWhateverItsFolderIsCalled) {
   const std::filesystem::path folder = registrations_.folder.PathOf("Größe ☂");
   std::filesystem::create_directory(folder);

@@ -4,6 +4,7 @@
 #include <dlfcn.h>
 
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <map>
 #include <mutex>
@@ -61,7 +62,15 @@ class LoadedComponents {
   };
 
   static Component Load(const std::filesystem::path& library) {
-    Component component{::dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL), nullptr, nullptr};
+    // What the library does at its start may throw. The system lets that through, though it
+    // declares otherwise: called by its name, the compiler would drop the handler.
+    void* (*volatile open)(const char*, int) = &::dlopen;
+    Component component{nullptr, nullptr, nullptr};
+    try {
+      component.handle = open(library.c_str(), RTLD_NOW | RTLD_LOCAL);
+    } catch (const std::exception& error) {
+      Fail(library, error.what());
+    }
     if (component.handle == nullptr) Fail(library, ::dlerror());
     component.get_class_object =
         reinterpret_cast<GetClassObject>(::dlsym(component.handle, "DllGetClassObject"));
