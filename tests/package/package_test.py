@@ -1,6 +1,7 @@
 """What is installed: client programs built against it, and the Debian packages in a clean root."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -12,11 +13,12 @@ HERE = Path(__file__).parent
 DATA = "a,b\n1,2\n3,4\n5,6.5\n"
 
 
-def run(*words, **environment):
+def run(*words, cwd=None, **environment):
     result = subprocess.run(
         [*map(str, words)],
         capture_output=True,
         text=True,
+        cwd=cwd,
         env={**os.environ, "LC_ALL": "C", **environment},
         timeout=600,
         check=False,
@@ -41,6 +43,14 @@ class Installed(unittest.TestCase):
         cls.lib = library.parent
         cls.data = cls.folder / "data.csv"
         cls.data.write_text(DATA)
+
+    def test_a_prefix_may_be_relative(self):
+        run("cmake", "--install", BUILD, "--prefix", "an ä", "--component", "runtime",
+            cwd=self.folder)
+        (file,) = (self.folder / "an ä").rglob("*.component")
+        (path,) = re.findall("^library (.*)$", file.read_text(encoding="utf-8"), re.MULTILINE)
+        self.assertTrue(path.startswith(f"{self.folder}/an ä/"), path)
+        self.assertTrue(Path(path).is_file(), path)
 
     def test_libraries_have_a_versioned_soname(self):
         for name in ("libTSLM5DataManager", "libTSLMRep5"):
