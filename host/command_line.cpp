@@ -15,6 +15,7 @@
 #include "host/load_command.h"
 #include "host/missing_command.h"
 #include "host/original_command.h"
+#include "host/report_command.h"
 #include "host/reset_command.h"
 #include "host/show_command.h"
 #include "host/shown_text.h"
@@ -39,6 +40,7 @@ constexpr AddCommand kCommands[] = {
     AddUndoCommand,
     AddKeepCommand,
     AddHistoryCommand,
+    AddReportCommand,
     AddRegisterCommand,
     AddUnregisterCommand,
     AddComponentsCommand,
@@ -52,6 +54,7 @@ constexpr const char* kExamples =
     "  tslm5 info prices.db\n"
     "  tslm5 show prices.db --rows 1:5\n"
     "  tslm5 stats prices.db\n"
+    "  tslm5 report prices.db -o prices.html\n"
     "\n"
     "Exit codes: 0 done, 1 the data were refused, 2 wrong usage, 3 file or database trouble,\n"
     "130 interrupted. `tslm5 COMMAND --help` tells the options of a command.\n";

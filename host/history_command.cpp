@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "host/common_options.h"
+#include "host/history_steps.h"
 #include "host/json_text.h"
 #include "host/run_history.h"
 #include "host/run_session.h"
-#include "host/set_names.h"
-#include "host/shell_words.h"
 #include "host/shown_text.h"
 
 namespace tslm5::host {
@@ -23,58 +22,20 @@ constexpr const char* kHistoryExamples =
     "What was done to the run, the first step first. The last line of a step is the command that\n"
     "does it again.\n";
 
-std::string SetText(std::int32_t type) {
-  if (type == data_set_type::kCombined) return "training and testing";
-  const SetName* set = FindSet(type);
-  return set == nullptr ? "" : set->name;
-}
-
-/// The words of a load that noted none.
-std::vector<std::string> WordsOfLoad(const HistoryEntry& entry,
-                                     const nlohmann::ordered_json& parameters) {
-  std::vector<std::string> words = {"load", entry.file, "--run", std::string(kRunWord)};
-  words.insert(words.end(), {"--set", SetText(entry.set)});
-  words.insert(words.end(), {"--separator", parameters.value("separator", "auto")});
-  if (!parameters.value("labels", true)) words.emplace_back("--no-labels");
-  words.insert(words.end(), {"--layout", parameters.value("layout", "rows")});
-  return words;
-}
-
-/// "" for a step that cannot be told as a command.
-std::string CommandLine(const HistoryEntry& entry, const nlohmann::ordered_json& parameters,
-                        const std::string& run) {
-  std::vector<std::string> words = entry.words;
-  if (words.empty() && entry.command == "load") words = WordsOfLoad(entry, parameters);
-  if (words.empty()) return {};
-  for (std::string& word : words) {
-    if (word == kRunWord) word = run;
-  }
-  words.insert(words.begin(), "tslm5");
-  return ShellLine(words);
-}
-
-nlohmann::ordered_json ParametersOf(const HistoryEntry& entry) {
-  return nlohmann::ordered_json::parse(entry.parameters);
-}
-
-std::string ValueText(const nlohmann::ordered_json& value) {
-  return Cut(value.is_string() ? value.get<std::string>() : value.dump());
-}
-
 std::string HistoryText(const std::string& run, const std::vector<HistoryEntry>& entries) {
   std::string text = fmt::format("{}: {} {}\n", Escaped(run), entries.size(),
                                  entries.size() == 1 ? "step" : "steps");
   std::size_t number = 0;
   for (const HistoryEntry& entry : entries) {
     text += fmt::format("\n{}  {}  {}", ++number, Escaped(entry.time), Escaped(entry.command));
-    if (entry.set != 0) text += fmt::format("  {} set", SetText(entry.set));
+    if (entry.set != 0) text += fmt::format("  {} set", StepSet(entry));
     text += '\n';
     if (!entry.file.empty()) text += fmt::format("   file: {}\n", Escaped(entry.file));
-    const nlohmann::ordered_json parameters = ParametersOf(entry);
+    const nlohmann::ordered_json parameters = StepParameters(entry);
     for (const auto& [name, value] : parameters.items()) {
-      text += fmt::format("   {}: {}\n", Escaped(name), ValueText(value));
+      text += fmt::format("   {}: {}\n", Escaped(name), StepValue(value));
     }
-    const std::string line = CommandLine(entry, parameters, run);
+    const std::string line = StepCommandLine(entry, run);
     if (!line.empty()) text += fmt::format("   {}\n", line);
   }
   return text;
@@ -83,12 +44,12 @@ std::string HistoryText(const std::string& run, const std::vector<HistoryEntry>&
 std::string HistoryJson(const std::string& run, const std::vector<HistoryEntry>& entries) {
   nlohmann::ordered_json list = nlohmann::ordered_json::array();
   for (const HistoryEntry& entry : entries) {
-    const nlohmann::ordered_json parameters = ParametersOf(entry);
-    const std::string line = CommandLine(entry, parameters, run);
+    const nlohmann::ordered_json parameters = StepParameters(entry);
+    const std::string line = StepCommandLine(entry, run);
     nlohmann::ordered_json one = {{"time", entry.time},       {"command", entry.command},
                                   {"set", nullptr},           {"file", nullptr},
                                   {"parameters", parameters}, {"commandLine", nullptr}};
-    if (entry.set != 0) one["set"] = SetText(entry.set);
+    if (entry.set != 0) one["set"] = StepSet(entry);
     if (!entry.file.empty()) one["file"] = entry.file;
     if (!line.empty()) one["commandLine"] = line;
     list.push_back(std::move(one));

@@ -1,0 +1,71 @@
+#include "host/report_command.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+#include "host/common_options.h"
+#include "host/failure.h"
+#include "host/page_file.h"
+#include "host/report_page.h"
+#include "host/report_reading.h"
+#include "host/shown_text.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr const char* kReportExamples =
+    "Examples:\n"
+    "  tslm5 report flowers.db -o flowers.html\n"
+    "\n"
+    "One page that needs nothing else, to be opened in a browser, printed or sent. A former "
+    "report\n"
+    "is replaced; any other file only with --force, the run itself never.\n";
+
+bool IsSameFile(const std::string& left, const std::string& right) {
+  std::error_code error;
+  return std::filesystem::equivalent(left, right, error) && !error;
+}
+
+void RequireFreePlace(const ReportOptions& options) {
+  if (IsSameFile(options.page, options.run)) {
+    throw Failure(ExitCode::kUsage, fmt::format("{} is the run itself", Escaped(options.page)));
+  }
+  if (MayReplace(options.page, kReportMark) || options.force) return;
+  throw Failure(ExitCode::kUsage,
+                fmt::format("{} is there already and is no report; --force replaces it",
+                            Escaped(options.page)));
+}
+
+}  // namespace
+
+void RunReport(const ReportOptions& options, Output& output) {
+  const RunSession session(options.run, RunOptions::Mode::kReadOnly);
+  RequireFreePlace(options);
+  Progress progress(Terminal::OfStandardError());
+  const ReportData data = ReadReport(session, options.run, progress);
+  const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  const std::string time = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(now));
+  WriteWhole(options.page, ReportPage(data, time));
+  output.Write(
+      fmt::format("{} is the report of {}\n", Escaped(options.page), Escaped(options.run)));
+}
+
+void AddReportCommand(CLI::App& app, Invocation& invocation) {
+  CLI::App& report =
+      *app.add_subcommand("report", "Write a page that tells of a run, to look at and to print");
+  const auto words = std::make_shared<ReportOptions>();
+  AddRun(report, words->run);
+  report.add_option("-o,--output", words->page, "the page to write")->required()->type_name("FILE");
+  report.add_flag("--force", words->force, "replace a file that is no report");
+  report.footer(kReportExamples);
+  const auto make = [words] {
+    return ReportOptions{RunName(words->run), words->page, words->force};
+  };
+  WhenChosen(report, invocation, make, RunReport);
+}
+
+}  // namespace tslm5::host
