@@ -13,8 +13,7 @@ namespace {
 
 std::string SourceText(const ReportSet& set) {
   if (!set.load) return "The run does not tell where it comes from.";
-  return fmt::format("Loaded from {} on <time datetime=\"{}\">{}</time>.",
-                     HtmlLabel(set.load->file), HtmlText(set.load->time), HtmlText(set.load->time));
+  return fmt::format("Loaded from {} on {}.", HtmlLabel(set.load->file), HtmlTime(set.load->time));
 }
 
 std::string SetCard(const ReportSet& set) {

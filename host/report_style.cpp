@@ -40,6 +40,8 @@ section > h2 + .note { margin-top: -.35rem; }
 .eyebrow { color: var(--accent); font-size: .8125rem; font-weight: 620; letter-spacing: .09em;
   text-transform: uppercase; margin-bottom: .5rem; }
 .lead { color: var(--soft); font-size: 1.125rem; margin-top: .8rem; max-width: 60ch; }
+h3.group { margin: 2rem 0 .9rem; }
+h2 + h3.group { margin-top: 0; }
 .note { color: var(--soft); font-size: .9375rem; margin-bottom: 1.25rem; max-width: 75ch; }
 a { color: var(--accent); text-underline-offset: .2em; }
 a:focus-visible { outline: 2px solid var(--accent); outline-offset: 2px; border-radius: 2px; }

@@ -151,9 +151,12 @@ class OtherRunsTest(ReportCase):
         self.assertEqual(root.all("ul", class_="legend"), [])
 
     def test_the_response_of_a_time_series_is_a_line(self):
-        self.load("a,b\n1,2\n3,4\n", "--problem", "timeseries")
-        self.assertIn("b, training set", self.report().root.one("section", id="series").text())
-        self.load("a,b\n1,2\n3,4\n")
+        series = "level\n" + "".join(f"{i % 7}\n" for i in range(50))
+        self.load(series, "--problem", "timeseries")
+        self.done("embed", self.run_path, "--dimension", "2", "--delay", "1")
+        section = self.report().root.one("section", id="series")
+        self.assertIn("t_0, training set", section.text())
+        self.load("a,b\n1,2\n3,4\n", "--set", "training")
         self.assertEqual(self.report().root.all("section", id="series"), [])
 
     def test_without_statistics_the_figures_are_those_of_the_records(self):
