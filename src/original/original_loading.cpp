@@ -11,14 +11,13 @@
 #include "storage/run_statements.h"
 #include "storage/run_tables.h"
 #include "storage/sqlite_helpers.h"
+#include "storage/table_names.h"
 #include "support/locale.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 namespace {
-
-constexpr const char* kTestingTable = "TestingSet";
 
 /// How the records of one set are counted and read.
 struct SetStatements {
@@ -108,7 +107,7 @@ void OriginalLoading::LoadSet(IConnection& connection, std::int32_t set_type, bo
 void OriginalLoading::LoadCombined(IConnection& connection, bool binarise) {
   MakeTable(connection, run_statement::kCountOriginal);
   ReadRows(connection, run_statement::kSelectOriginalTraining, '.');
-  if (connection.TableExists(kTestingTable)) {
+  if (connection.TableExists(TableName(data_set_type::kTesting))) {
     ReadRows(connection, run_statement::kSelectOriginalTesting, '.');
   }
   ResponseClasses::ReadTargetMaximum(state_, connection, data_set_type::kCombined);
@@ -135,7 +134,7 @@ void OriginalLoading::ReadRows(IConnection& connection, std::string_view select_
 
 void OriginalLoading::CountSets(IConnection& connection) {
   state_.training_rows = SqliteHelpers::QueryInteger(connection, run_statement::kCountTraining);
-  if (connection.TableExists(kTestingTable)) {
+  if (connection.TableExists(TableName(data_set_type::kTesting))) {
     state_.testing_rows = SqliteHelpers::QueryInteger(connection, run_statement::kCountTesting);
   }
 }
