@@ -155,7 +155,8 @@ footer { margin-top: 4rem; padding-top: 1rem; border-top: 1px solid var(--rule);
     --c0: #3a71b0; --c1: #c46f14; --c2: #2f8f73; --c3: #b04a86; --c4: #7a62c6; --c5: #767c85;
   }
   @page { margin: 16mm 14mm; }
-  body { font-size: 9.5pt; print-color-adjust: exact; -webkit-print-color-adjust: exact; }
+  html { font-size: 12px; }
+  body { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
   .page { max-width: none; padding: 0; }
   nav { display: none; }
   section { margin-top: 1.8rem; }

@@ -2,9 +2,11 @@
 
 import json
 import re
+import resource
+import subprocess
 import unittest
 
-from host_case import HostCase, change
+from host_case import PROGRAM, HostCase, change, plain_environment
 from report_page import Page
 
 TRAINING = "size;kind;class\n1.5;red;no\n20;NA;yes\n?;blue;no\n4;red;no\n"
@@ -206,6 +208,23 @@ class FileTest(ReportCase):
         self.page_path.write_text(self.page_path.read_text() + "<!-- old -->")
         self.report()
         self.assertNotIn("<!-- old -->", self.page_path.read_text())
+        names = sorted(path.name for path in self.folder.iterdir())
+        self.assertEqual(names, ["data.csv", "page.html", "run.db"])
+
+    def test_a_failed_write_leaves_the_former_page(self):
+        self.report()
+        former = self.page_path.read_bytes()
+        result = subprocess.run(
+            [PROGRAM, "report", self.run_path, "-o", self.page_path],
+            env=plain_environment(),
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096)),
+            capture_output=True, text=True, timeout=60, check=False,
+        )
+        self.assertEqual(result.returncode, 3)
+        self.assertEqual(
+            result.stderr, f"tslm5: {self.page_path} cannot be written: File too large\n"
+        )
+        self.assertEqual(self.page_path.read_bytes(), former)
         names = sorted(path.name for path in self.folder.iterdir())
         self.assertEqual(names, ["data.csv", "page.html", "run.db"])
 

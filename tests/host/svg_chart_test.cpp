@@ -39,7 +39,7 @@ std::string PathOf(const std::string& svg) {
 
 TEST(HistogramSvg, StacksClassesInTheirOrder) {
   ValueSketch sketch;
-  for (const std::size_t slot : {0, 1, 1, 1}) sketch.Add(7, slot);
+  for (const std::size_t slot : {0U, 1U, 1U, 1U}) sketch.Add(7, slot);
   const std::string svg = Bars(sketch, {1, 0});
   EXPECT_THAT(svg, HasSubstr("<title>7: 4</title>"
                              "<rect class=\"c0\" x=\"432.00\" y=\"60.00\" width=\"96.00\" "
