@@ -74,6 +74,17 @@ TEST_F(DataSetLiteClone, SharesNoStateWithTheOriginal) {
   EXPECT_TRUE(set_->IsReady());
 }
 
+TEST_F(DataSetLiteClone, HasNoFiguresOfTheRecordsThatItReplaces) {
+  Parse("1,2\n3,4\n");
+  const LiteSet testing(run_, data_set_type::kTesting);
+  ParseFile(testing, File("70,80\n"), {.type = data_set_type::kTesting});
+  testing->CalculateStatistics(nullptr);
+  set_.Load(run_, data_set_type::kTraining);
+  const LiteSet clone = Clone(set_, data_set_type::kTesting);
+  EXPECT_EQ(clone->GetMax(0, 0, 0), 3.0);
+  EXPECT_FALSE(clone->HasGlobalRecordStatistics());
+}
+
 TEST_F(DataSetLiteClone, OutlivesTheOriginal) {
   Parse("1,2\n");
   const LiteSet clone = Clone(set_, 2);

@@ -74,6 +74,28 @@ TEST_F(DataSetLiteSeriesFailure, OfAnEmbeddingOfTextLeavesTheSeriesWhole) {
   EXPECT_EQ(run_.TableRows("TrainingSet"), (Lines{"1|x|3|1", "x|3|4|2", "3|4|5|3"}));
 }
 
+TEST_F(DataSetLiteSeriesFailure, OfAnEmbeddingWhoseSeriesChangesMeanwhileLeavesTheChange) {
+  const Lines changes[] = {
+      {"DELETE FROM TrainingSet WHERE row = 6"},
+      {"DROP TABLE TrainingSet",
+       "CREATE TABLE TrainingSet (d0 FLOAT, d1 FLOAT, row INTEGER PRIMARY KEY)",
+       "INSERT INTO TrainingSet VALUES (1, 9, 1), (2, 9, 2), (3, 9, 3), (4, 9, 4), (5, 9, 5)"}};
+  for (const Lines& change : changes) {
+    ASSERT_EQ(set_->Columns(), 1);
+    bool changed = false;
+    run_.Log().before = [&](std::string_view statement) {
+      if (changed || statement != "BEGIN") return;
+      changed = true;
+      for (const std::string& other : change) run_.Execute(other);
+    };
+    EXPECT_FALSE(set_->FormatDataAs(0)) << change.front();
+    EXPECT_TRUE(changed);
+    run_.Log().before = nullptr;
+    EXPECT_EQ(set_->Rows(), 5);
+  }
+  EXPECT_EQ(set_.Records().back(), "5,9");
+}
+
 TEST_F(DataSetLiteSeriesFailure, OfAnEmbeddingEndsWithTheReaderThatCausedIt) {
   const Lines before = Everything();
   {

@@ -76,7 +76,9 @@ TEST_F(DataSetLiteEmbed, TwiceChangesNothingTheSecondTime) {
 
 TEST_F(DataSetLiteEmbed, RefusesATableOfTwoColumns) {
   Parse("1,2\n3,4\n5,6\n7,8\n");
+  run_.Log().Clear();
   EXPECT_FALSE(Embed("1", "1"));
+  EXPECT_TRUE(run_.Log().statements.empty()) << "refused before anything was sent";
   EXPECT_EQ(set_.Records(), (Lines{"1,2", "3,4", "5,6", "7,8"}));
 }
 

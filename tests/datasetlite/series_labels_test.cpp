@@ -60,6 +60,12 @@ TEST_F(DataSetLiteSeriesLabels, FitTheEmbedding) {
   }
 }
 
+TEST_F(DataSetLiteSeriesLabels, NameTheLargestLag) {
+  Describe("1", "2147483647");
+  series_->RenameTrainingLabels();
+  EXPECT_EQ(run_.Select(kLabels), (Lines{"1|0|t_2147483647", "1|1|t"}));
+}
+
 TEST_F(DataSetLiteSeriesLabels, NeedBothPropertiesBeforeAnythingGoes) {
   AddColumn(0, "old");
   AddLabel(1, 0, "old");
@@ -111,6 +117,12 @@ TEST_F(DataSetLiteSeriesLabels, HaveOneForTheSeriesItself) {
   EXPECT_TRUE(set_->HasLabels());
   EXPECT_EQ(set_->GetLabel(0), "Passengers a month");
   EXPECT_EQ(set_->GetLabel(1), "") << "it is the only one";
+}
+
+TEST_F(DataSetLiteSeriesLabels, OfTheSeriesItselfShowTheirBlanks) {
+  AddLabel(2, 0, "Passengers\x05of\x05May");
+  series_->LoadTimeSeriesLabel();
+  EXPECT_EQ(set_->GetLabel(0), "Passengers of May");
 }
 
 TEST_F(DataSetLiteSeriesLabels, StayWithoutOneForTheSeriesItself) {

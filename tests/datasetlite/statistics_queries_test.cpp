@@ -95,6 +95,32 @@ TEST_F(StatisticsQueries, KeepsTheFirstTwoClassesOfThree) {
   EXPECT_EQ(set_->GetTargetClassCount(1), 5);
 }
 
+TEST_F(StatisticsQueries, OfARunWithoutTheTablesAreScanned) {
+  Parse("1,0\n2,1\n");
+  Execute("DROP TABLE DataSetStatistics");
+  Execute("DROP TABLE IF EXISTS DataSetClassStatistics");
+  ASSERT_TRUE(set_.Load(run_, 1));
+  EXPECT_FALSE(set_->HasGlobalRecordStatistics());
+  EXPECT_FALSE(set_->HasClassRecordStatistics());
+  EXPECT_EQ(set_->GetMax(0, 0, 0), 2.0);
+  EXPECT_EQ(set_->GetTargetClassCount(1), 1);
+}
+
+TEST_F(StatisticsQueries, AreReadFromTheStartAfterAFailure) {
+  Parse("1,0\n");
+  for (const char* row : {"1, 0, 0, 11, 0, 0, 0, 4", "1, 5000000000, 1, 12, 0, 0, 0, 5"}) {
+    Execute("INSERT INTO DataSetClassStatistics VALUES (NULL, " + std::string(row) + ")");
+  }
+  ASSERT_TRUE(set_.Load(run_, 1));
+  EXPECT_EQ(RaisedNumber([&] { set_->HasClassRecordStatistics(); }), error_number::kOverflow);
+  Execute("UPDATE DataSetClassStatistics SET ColumnId = 0");
+  double class_value = -1;
+  double value = -2;
+  set_->GetClassCentroid(0, 1, class_value, value);
+  EXPECT_EQ(class_value, 1.0);
+  EXPECT_EQ(value, 12.0);
+}
+
 TEST_F(StatisticsQueries, ReadsTheTablesOnceAfterALoad) {
   Parse("1,0\n");
   set_->CalculateStatistics(nullptr);
