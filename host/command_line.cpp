@@ -15,6 +15,7 @@
 #include "host/load_command.h"
 #include "host/missing_command.h"
 #include "host/original_command.h"
+#include "host/plot_command.h"
 #include "host/report_command.h"
 #include "host/reset_command.h"
 #include "host/show_command.h"
@@ -33,6 +34,7 @@ constexpr AddCommand kCommands[] = {
     AddShowCommand,
     AddOriginalCommand,
     AddStatsCommand,
+    AddPlotCommand,
     AddCategoriesCommand,
     AddMissingCommand,
     AddEmbedCommand,

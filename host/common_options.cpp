@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <charconv>
+
 #include "host/failure.h"
 #include "host/set_names.h"
 #include "host/shown_text.h"
@@ -56,6 +58,17 @@ std::string ProblemName(std::int32_t code) {
     if (ProblemCategory(name) == code) return name;
   }
   return "regression";
+}
+
+std::int32_t ParseWhole(const char* option, const std::string& word, std::int32_t lowest,
+                        std::int32_t highest) {
+  std::int32_t value = 0;
+  const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), value);
+  const bool is_whole = code == std::errc{} && end == word.data() + word.size();
+  if (is_whole && value >= lowest && value <= highest) return value;
+  throw Failure(ExitCode::kUsage, fmt::format("{}: {} is out of range; expected a whole number "
+                                              "from {} to {}",
+                                              option, Quoted(word), lowest, highest));
 }
 
 std::string RunName(const std::string& run) {

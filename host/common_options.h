@@ -33,6 +33,11 @@ std::int32_t ProblemCategory(const std::string& name);
 /// The name of a problem's code, as the user names it.
 std::string ProblemName(std::int32_t code);
 
+/// The whole number that `word`, the value of `option`, is. Raises `Failure`, wrong usage, for one
+/// outside [`lowest`, `highest`] and for what is none.
+std::int32_t ParseWhole(const char* option, const std::string& word, std::int32_t lowest,
+                        std::int32_t highest);
+
 /// `run`, when it is the path of a file. Raises `Failure`, wrong usage, for what only the database
 /// engine would understand.
 std::string RunName(const std::string& run);

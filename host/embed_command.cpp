@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
+#include <algorithm>
 #include <limits>
 
 #include "host/common_options.h"
@@ -25,17 +25,6 @@ constexpr const char* kEmbedExamples =
     "before it; no record holds a value from the first of them on.\n";
 
 constexpr std::int32_t kMaxDimension = 1998;  // with the response, what a data table takes
-
-std::int32_t ParseWhole(const char* option, const std::string& word, std::int32_t lowest,
-                        std::int32_t highest) {
-  std::int32_t value = 0;
-  const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), value);
-  const bool is_whole = code == std::errc{} && end == word.data() + word.size();
-  if (is_whole && value >= lowest && value <= highest) return value;
-  throw Failure(ExitCode::kUsage, fmt::format("{}: {} is out of range; expected a whole number "
-                                              "from {} to {}",
-                                              option, Quoted(word), lowest, highest));
-}
 
 std::string Holds(const EmbedOptions& options, std::int32_t column) {
   if (column == options.dimension) return "the value itself (the response)";

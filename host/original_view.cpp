@@ -40,9 +40,24 @@ void OriginalView::RequireSets(const OriginalOptions& options) const {
   };
   if (options.set_type == data_set_type::kTesting) require("TestingSet", "testing");
   require("TrainingSet", "training");
-  if (session_.ColumnsOf("OriginalData") > 0) return;
-  throw Failure(ExitCode::kTrouble,
-                fmt::format("{} keeps no original texts", Escaped(options.run)));
+  const std::int32_t columns = session_.ColumnsOf("OriginalData");
+  if (columns == 0) {
+    throw Failure(ExitCode::kTrouble,
+                  fmt::format("{} keeps no original texts", Escaped(options.run)));
+  }
+  const auto require_width = [&](const char* table, const char* name) {
+    const std::int32_t width = session_.ColumnsOf(table);
+    if (width == 0 || width == columns) return;
+    throw Failure(
+        ExitCode::kTrouble,
+        fmt::format("the {} set has {} columns, the original texts of the run {}, those of "
+                    "an embedding (tslm5 show --set {} --original shows its own)",
+                    name, width, columns, name));
+  };
+  const bool wants_all = options.set_type == data_set_type::kUnknown;
+  if (wants_all) return;
+  if (options.set_type != data_set_type::kTesting) require_width("TrainingSet", "training");
+  if (options.set_type != data_set_type::kTraining) require_width("TestingSet", "testing");
 }
 
 void OriginalView::RequireClasses(const OriginalOptions& options) const {

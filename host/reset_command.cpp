@@ -6,6 +6,7 @@
 #include "host/interruption.h"
 #include "host/json_text.h"
 #include "host/progress.h"
+#include "host/run_change.h"
 #include "host/run_history.h"
 #include "host/run_metadata.h"
 #include "host/run_originals.h"
@@ -68,12 +69,7 @@ void RequireBackup(const ResetRun& done, const ResetOptions& options) {
 }
 
 ResetRun ResetInSession(const RunSession& session, const ResetOptions& options) {
-  const Ref<IDataSet> training = session.OpenDataSet(data_set_type::kTraining);
-  if (!training) {
-    throw Failure(ExitCode::kTrouble, fmt::format("{} has no training set (tslm5 info tells what "
-                                                  "it has)",
-                                                  Escaped(options.run)));
-  }
+  const Ref<IDataSet> training = RequireTrainingSet(session, options.run);
   const Ref<ITimeSeriesChanges> changes = training.As<ITimeSeriesChanges>();
   ResetRun done;
   done.former_backup_rows = BackupRows(session);

@@ -100,6 +100,20 @@ class ResetTest(HostCase):
             query(self.run_path, columns), [(0, "t_2", 0), (1, "t_1", 0), (2, "t_0", 1)]
         )
 
+    def test_a_series_is_not_told_in_the_columns_of_an_embedding(self):
+        self.embed()
+        words = (
+            " set has 1 columns, the original texts of the run 3, those of an embedding (tslm5 show "
+            "--set {} --original shows its own)"
+        )
+        for name, option in (("testing", "testing"), ("testing", "both")):
+            message = f"the {name}" + words.format(name)
+            self.failed(3, message, "original", self.run_path, "--set", option)
+        told = json.loads(self.done("original", self.run_path, "--json"))
+        self.assertEqual(told["rows"], [[1, "1", "2", "3"], [2, "2", "3", "4"], [3, "3", "4", "5"]])
+        self.step("reset")
+        self.failed(3, "the training" + words.format("training"), "original", self.run_path)
+
     def test_a_testing_set_loaded_in_between(self):
         self.embed()
         self.step("reset")

@@ -1,0 +1,118 @@
+#include "host/plot_command.h"
+
+#include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "host/common_options.h"
+#include "host/failure.h"
+#include "host/interruption.h"
+#include "host/label_list.h"
+#include "host/run_metadata.h"
+#include "host/run_session.h"
+#include "host/series_picture.h"
+#include "host/shown_text.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr const char* kPlotExamples =
+    "Examples:\n"
+    "  tslm5 plot air.db passengers\n"
+    "  tslm5 plot air.db ozone --set testing --width 100 --height 25\n"
+    "  tslm5 plot air.db passengers --svg passengers.svg\n"
+    "\n"
+    "The column's values in the order of the records, joined by lines; a missing value leaves a\n"
+    "gap.\n";
+
+constexpr ChartSize kLargestChart = {1000, 200};
+constexpr std::int32_t kRowsBetweenLooks = 4096;
+
+std::int32_t TerminalWidth() {
+  winsize size{};
+  const bool is_known = ::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return is_known ? size.ws_col : ChartSize{}.width;
+}
+
+std::vector<double> ReadColumn(IDataSet& data_set, std::int32_t column) {
+  std::vector<double> values;
+  const std::int32_t rows = data_set.Rows();
+  values.reserve(static_cast<std::size_t>(rows));
+  for (std::int32_t row = 0; row < rows; ++row) {
+    if (row % kRowsBetweenLooks == 0) StopIfInterrupted();
+    values.push_back(data_set.GetItem(column, row));
+  }
+  return values;
+}
+
+}  // namespace
+
+void RunPlot(const PlotOptions& options, Output& output) {
+  const RunSession session(options.run, RunOptions::Mode::kReadOnly);
+  const Ref<IDataSet> data_set = session.OpenDataSet(options.set->type);
+  if (!data_set) {
+    throw Failure(ExitCode::kTrouble, fmt::format("{} has no {} set (tslm5 info tells what it has)",
+                                                  Escaped(options.run), options.set->name));
+  }
+  const std::vector<std::string> labels = LabelsOf(*data_set);
+  const std::int32_t column = RequireColumn("plot", options.column, labels);
+  const std::vector<double> values = ReadColumn(*data_set, column);
+  const std::string label = Cut(labels[static_cast<std::size_t>(column)]);
+  const std::string title = fmt::format("{}: {} {}, {} set", label, values.size(),
+                                        values.size() == 1 ? "row" : "rows", options.set->name);
+  ChartSize size;
+  size.width = std::clamp(options.width.value_or(TerminalWidth()), kSmallestChart.width,
+                          kLargestChart.width);
+  size.height = options.height;
+  const std::string chart = BrailleChart(values, size);
+  if (chart.empty()) {
+    throw Failure(ExitCode::kRefused, fmt::format("the column {} holds no number", label));
+  }
+  if (options.picture.empty()) return output.Write(title + '\n' + chart);
+  WriteWholeFile(options.picture, SeriesPicture(title, values));
+  output.Write(fmt::format("{}, is drawn in {}\n", title, Escaped(options.picture)));
+}
+
+void AddPlotCommand(CLI::App& app, Invocation& invocation) {
+  struct Words {
+    PlotOptions options;
+    std::string set = "training";
+    std::string width;
+    std::string height;
+  };
+  CLI::App& plot = *app.add_subcommand("plot", "Draw a column of a set");
+  const auto words = std::make_shared<Words>();
+  AddRun(plot, words->options.run);
+  plot.add_option("COLUMN", words->options.column, "its label, or d0, d1, ...")->required();
+  AddAnyDataSet(plot, words->set, "the set to draw from");
+  CLI::Option* width =
+      plot.add_option("--width", words->width, "in characters (default: the terminal's, else 80)")
+          ->type_name("W");
+  CLI::Option* height =
+      plot.add_option("--height", words->height, "in lines (default 17)")->type_name("H");
+  plot.add_option("--svg", words->options.picture, "write a picture instead")
+      ->type_name("FILE")
+      ->excludes(width)
+      ->excludes(height);
+  plot.footer(kPlotExamples);
+  const auto make = [words, width, height] {
+    PlotOptions options = words->options;
+    options.run = RunName(options.run);
+    options.set = FindSet(words->set);
+    if (width->count() > 0) {
+      options.width =
+          ParseWhole("--width", words->width, kSmallestChart.width, kLargestChart.width);
+    }
+    if (height->count() > 0) {
+      options.height =
+          ParseWhole("--height", words->height, kSmallestChart.height, kLargestChart.height);
+    }
+    return options;
+  };
+  WhenChosen(plot, invocation, make, RunPlot);
+}
+
+}  // namespace tslm5::host

@@ -1,0 +1,29 @@
+#ifndef TSLM5_HOST_PLOT_COMMAND_H_
+#define TSLM5_HOST_PLOT_COMMAND_H_
+
+#include <optional>
+#include <string>
+
+#include "host/braille_chart.h"
+#include "host/invocation.h"
+#include "host/set_names.h"
+
+namespace tslm5::host {
+
+struct PlotOptions {
+  std::string run;
+  std::string column;  ///< label or dN
+  const SetName* set = nullptr;
+  std::optional<std::int32_t> width;  ///< nothing: that of the terminal
+  std::int32_t height = ChartSize{}.height;
+  std::string picture;  ///< the file of the picture; "": the terminal
+};
+
+/// `tslm5 plot`.
+void AddPlotCommand(CLI::App& app, Invocation& invocation);
+
+void RunPlot(const PlotOptions& options, Output& output);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_PLOT_COMMAND_H_

@@ -1,0 +1,21 @@
+#ifndef TSLM5_HOST_SERIES_PICTURE_H_
+#define TSLM5_HOST_SERIES_PICTURE_H_
+
+#include <string>
+#include <vector>
+
+namespace tslm5::host {
+
+/// An SVG picture of values in order, joined by lines, that needs nothing else: light, or dark
+/// where the viewer prefers that. A value that is no finite number leaves a gap. More values than
+/// the picture has points across are drawn by the smallest and the largest of each point. REQUIRES:
+/// some value is a finite number.
+std::string SeriesPicture(const std::string& title, const std::vector<double>& values);
+
+/// Writes a file beside `path` and moves it there, so that nobody ever reads half of it. Raises
+/// `Failure`, file trouble; a file of before is untouched then.
+void WriteWholeFile(const std::string& path, const std::string& text);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_SERIES_PICTURE_H_

@@ -1,0 +1,139 @@
+"""Kills the program in the middle of `embed` and `reset`: the run is the old or the new one.
+
+    crash_test.py                  the test
+    crash_test.py --count 2000     a longer campaign, so many kills of each command
+"""
+
+import random
+import re
+import shutil
+import signal
+import sqlite3
+import subprocess
+import sys
+import time
+import unittest
+
+from host_case import PROGRAM, HostCase, plain_environment
+
+KILLS = 50  # of each command
+ROWS = 20_000
+PATIENCE = 60  # seconds
+TIME = re.compile(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")
+
+
+def contents(run):
+    """All that a run holds: the schema, and the records of every table. Recovers the run first."""
+    connection = sqlite3.connect(run)
+    try:
+        assert connection.execute("PRAGMA integrity_check").fetchall() == [("ok",)]
+        schema = connection.execute("SELECT name, sql FROM sqlite_master ORDER BY name").fetchall()
+        tables = {
+            name: connection.execute(f"SELECT * FROM {name} ORDER BY rowid").fetchall()
+            for name, sql in schema
+            if sql.startswith("CREATE TABLE")
+        }
+        tables["RunHistory"] = [
+            tuple(TIME.sub("", str(value)) for value in record) for record in tables["RunHistory"]
+        ]
+        return schema, tables
+    finally:
+        connection.close()
+
+
+class CrashTest(HostCase):
+    kills = KILLS
+
+    def setUp(self):
+        super().setUp()
+        self.random = random.Random(20)
+        series = "value\n" + "".join(f"{t}.25\n" for t in range(ROWS))
+        self.load(series, "--problem", "timeseries")
+
+    def start(self, *words):
+        environment = plain_environment()
+        return subprocess.Popen(
+            [PROGRAM, *map(str, words)],
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+            env=environment,
+        )
+
+    def finish(self, process, run):
+        """Lets the command end: how long it took, and how long of that the file was written."""
+        start = time.monotonic()
+        self.wait_for_writing(process, run)
+        writing = time.monotonic()
+        self.assertEqual(process.wait(PATIENCE), 0)
+        return time.monotonic() - start, time.monotonic() - writing
+
+    @staticmethod
+    def wait_for_writing(process, run):
+        """Until the run's own file, not its journal alone, is written."""
+        untouched = run.stat().st_mtime_ns
+        while run.stat().st_mtime_ns == untouched and process.poll() is None:
+            time.sleep(0.0005)
+
+    def kill(self, process, run, place, whole, writing):
+        """Kills the command: every other time at any moment, else while it writes the file."""
+        if place % 2 == 0:
+            moment = 1.2 * whole * (place + self.random.random()) / self.kills
+        else:
+            self.wait_for_writing(process, run)
+            moment = 1.2 * writing * self.random.random()
+        try:
+            process.wait(moment)
+        except subprocess.TimeoutExpired:
+            process.send_signal(signal.SIGKILL)
+            process.wait(PATIENCE)
+        self.assertIn(process.returncode, (0, -signal.SIGKILL))
+
+    def kill_often(self, command, *options):
+        """Kills the command again and again; every time the run must be the old or the new one.
+        How often the file was written in part, and had to be recovered."""
+        before = self.run_path
+        run = self.folder / "killed.db"
+        journal = self.folder / "killed.db-journal"
+        old = contents(before)
+        shutil.copyfile(before, run)
+        whole, writing = self.finish(self.start(command, run, *options), run)
+        new = contents(run)
+        self.assertNotEqual(old, new)
+
+        found = {"old": 0, "new": 0}
+        in_the_middle = half_written = 0
+        untouched = before.read_bytes()
+        for place in range(self.kills):
+            shutil.copyfile(before, run)
+            process = self.start(command, run, *options)
+            self.kill(process, run, place, whole, writing)
+            if journal.exists() and journal.stat().st_size > 0:
+                in_the_middle += 1
+                half_written += run.read_bytes() != untouched
+            state = contents(run)
+            journal.unlink(missing_ok=True)
+            self.assertTrue(state in (old, new), f"{command}, kill {place}: a mixture")
+            found["old" if state == old else "new"] += 1
+            if process.returncode == 0:
+                self.assertTrue(state == new, "the command had said that it was done")
+        told = f"{command}: {found}, {in_the_middle} in the middle, {half_written} half written"
+        print(f"{told}; {whole:.2f} s, {writing:.2f} s of them writing", file=sys.stderr)
+        self.assertGreaterEqual(in_the_middle, self.kills // 5, told)
+        self.assertGreaterEqual(found["old"], self.kills // 10, told)
+        return half_written
+
+    def test_embed(self):
+        words = ("--dimension", 12, "--delay", 3, "--testing-samples", 5)
+        self.assertGreater(self.kill_often("embed", *words), 0, "none while the file was written")
+
+    def test_reset(self):
+        later = "value\n" + "".join(f"{t}.75\n" for t in range(2 * ROWS))
+        self.load(later, "--set", "testing", name="later.csv")
+        self.kill_often("reset")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) == 3 and sys.argv[1] == "--count":
+        CrashTest.kills = int(sys.argv[2])
+        del sys.argv[1:]
+    unittest.main()
