@@ -11,6 +11,7 @@
 #include "host/failure.h"
 #include "host/interruption.h"
 #include "host/label_list.h"
+#include "host/page_file.h"
 #include "host/run_metadata.h"
 #include "host/run_session.h"
 #include "host/series_picture.h"
@@ -72,7 +73,7 @@ void RunPlot(const PlotOptions& options, Output& output) {
     throw Failure(ExitCode::kRefused, fmt::format("the column {} holds no number", label));
   }
   if (options.picture.empty()) return output.Write(title + '\n' + chart);
-  WriteWholeFile(options.picture, SeriesPicture(title, values));
+  WriteWhole(options.picture, SeriesPicture(title, values));
   output.Write(fmt::format("{}, is drawn in {}\n", title, Escaped(options.picture)));
 }
 

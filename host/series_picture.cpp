@@ -1,17 +1,10 @@
 #include "host/series_picture.h"
 
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <cmath>
-#include <cstdio>
 #include <string_view>
-#include <system_error>
 
-#include "host/failure.h"
-#include "host/shown_text.h"
 #include "host/value_range.h"
 
 namespace tslm5::host {
@@ -126,21 +119,6 @@ std::string Grid(const ValueRange& range, std::size_t count) {
   return grid;
 }
 
-[[noreturn]] void Trouble(const std::string& path, int code) {
-  throw Failure(ExitCode::kTrouble, fmt::format("{} cannot be written: {}", Escaped(path),
-                                                std::generic_category().message(code)));
-}
-
-bool WriteAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(descriptor, text.data(), text.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return ::fsync(descriptor) == 0;
-}
-
 }  // namespace
 
 std::string SeriesPicture(const std::string& title, const std::vector<double>& values) {
@@ -153,18 +131,6 @@ std::string SeriesPicture(const std::string& title, const std::vector<double>& v
       "<path class=\"line\" d=\"{6}\"/>\n</svg>\n",
       kWidth, kHeight, XmlText(title), kStyle, kLeft, Grid(range, values.size()),
       Path(values, range));
-}
-
-void WriteWholeFile(const std::string& path, const std::string& text) {
-  const std::string beside = fmt::format("{}.{}.part", path, ::getpid());
-  const int descriptor = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  if (descriptor < 0) Trouble(path, errno);
-  int code = WriteAll(descriptor, text) ? 0 : errno;
-  if (::close(descriptor) != 0 && code == 0) code = errno;
-  if (code == 0 && std::rename(beside.c_str(), path.c_str()) != 0) code = errno;
-  if (code == 0) return;
-  ::unlink(beside.c_str());
-  Trouble(path, code);
 }
 
 }  // namespace tslm5::host

@@ -12,10 +12,6 @@ namespace tslm5::host {
 /// some value is a finite number.
 std::string SeriesPicture(const std::string& title, const std::vector<double>& values);
 
-/// Writes a file beside `path` and moves it there, so that nobody ever reads half of it. Raises
-/// `Failure`, file trouble; a file of before is untouched then.
-void WriteWholeFile(const std::string& path, const std::string& text);
-
 }  // namespace tslm5::host
 
 #endif  // TSLM5_HOST_SERIES_PICTURE_H_
