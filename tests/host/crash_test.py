@@ -17,7 +17,7 @@ import unittest
 from host_case import PROGRAM, HostCase, plain_environment
 
 KILLS = 50  # of each command
-ROWS = 20_000
+ROWS = 14_000
 PATIENCE = 60  # seconds
 TIME = re.compile(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")
 
