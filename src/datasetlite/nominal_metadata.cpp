@@ -113,6 +113,11 @@ bool NominalMetadataFacet::IsResponseMerging() {
 }
 
 void NominalMetadataFacet::UpdateMergingResponseCategories() {
+  ConnectionOf(state_);  // without a run there is no response either: that is told first
+  if (state_.sender->Columns() == 0) {
+    throw Error(error_number::kInvalidData, "UpdateMergingResponseCategories",
+                "The set has no data, so its response is not known.");
+  }
   const std::string response = Response();
   const auto query = [this, &response](std::string_view statement) {
     return SqliteHelpers::QueryString(*ConnectionOf(state_), OfColumn(statement, response));

@@ -175,6 +175,22 @@ TEST_F(ResponseCategories, OfOneCodeAreNotMerged) {
   EXPECT_EQ(Training("d2"), (Lines{"0", "1", "0", "2"}));
 }
 
+TEST_F(ResponseCategories, OfASetWithoutDataAreNotMerged) {
+  // The first column would be taken for the response of a set without columns.
+  Execute("UPDATE DataSetColumnCategories SET NumericValue = 1 WHERE NominalValue = 'blue'");
+  const LiteSet not_loaded(run_, data_set_type::kTraining);
+  set_.As<IDisposable>()->Dispose(true);
+  const LiteSet* const sets[] = {&not_loaded, &set_};
+  for (const LiteSet* set : sets) {
+    const Error error =
+        Raised([set] { set->As<INominalDataSetMetadata>()->UpdateMergingResponseCategories(); });
+    EXPECT_EQ(error.Number(), error_number::kInvalidData);
+    EXPECT_EQ(error.Description(), "The set has no data, so its response is not known.");
+  }
+  EXPECT_EQ(Encoding(), (Lines{"yes|1|0"}));
+  EXPECT_EQ(Training("d0"), (Lines{"1", "2", "1", "3"}));
+}
+
 TEST_F(ResponseCategories, WithoutCategoriesOrCodesAreNotMerged) {
   Recode({});
   EXPECT_EQ(RaisedNumber([&] { Merge(); }), error_number::kNoCurrentRecord);

@@ -45,8 +45,9 @@ class INominalDataSetMetadata : public IUnknown {
   /// Writes the binary response into the tables: the category of the smallest group of one code
   /// (the positive class) gets its code, every other record the code of the largest group. Of
   /// groups of one size either may be the positive class. Raises 100 when the response has no
-  /// categories, 41011 when they share one code, 13 when they have none; nothing has been changed
-  /// then. Whether the response is fit for it is not asked: see `AnalyseResponseCategories`.
+  /// categories, 41011 when they share one code or the set has no data, 13 when they have none;
+  /// nothing has been changed then. Whether the response is fit for it is not asked: see
+  /// `AnalyseResponseCategories`.
   virtual void UpdateMergingResponseCategories() = 0;
   /// Left as they came when the run has no encoding. Zero is the negative class's value, one the
   /// positive class's.
