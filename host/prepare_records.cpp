@@ -102,6 +102,7 @@ class CategoryCoder {
                 const Preparation& preparation)
       : column_(column), index_(index) {
     if (is_response && preparation.has_positive_class && preparation.two_classes) {
+      has_other_code_ = true;
       other_code_ = preparation.two_classes->negative;
     }
   }
@@ -112,7 +113,7 @@ class CategoryCoder {
       if (known->count == 0) CountAgain(text, unseen);
       return known->code;
     }
-    const double code = other_code_          ? *other_code_
+    const double code = has_other_code_      ? other_code_
                         : column_.is_nominal ? column_.categories.NextCode()
                                              : number;
     if (!IsOtherSpelling(code)) unseen.push_back({index_, std::string(text), code, 1});
@@ -123,7 +124,7 @@ class CategoryCoder {
  private:
   /// Whether a number that is no word is among the classes under another text, as 1.0 beside 1.
   bool IsOtherSpelling(double code) const {
-    if (column_.is_nominal || other_code_) return false;
+    if (column_.is_nominal || has_other_code_) return false;
     const std::vector<Category>& all = column_.categories.All();
     return std::any_of(all.begin(), all.end(),
                        [code](const Category& one) { return one.code == code; });
@@ -137,7 +138,8 @@ class CategoryCoder {
 
   PreparedColumn& column_;
   std::size_t index_;
-  std::optional<double> other_code_;
+  bool has_other_code_ = false;  ///< every text that is new belongs to the other class
+  double other_code_ = 0.0;
 };
 
 void CountCategories(const FieldTable& table, const Records& records,

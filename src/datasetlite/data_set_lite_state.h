@@ -29,7 +29,6 @@ struct DataSetLiteState {
 
   bool has_labels = true;
   std::vector<std::string> labels;  // no character of code 5 in them
-  std::string label_line;
 
   Ref<IUnknown> run;  // the connection service
   Ref<TableLite> table;        // the set's own data table

@@ -1,6 +1,5 @@
 #include "datasetlite/data_set_loading.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,7 +9,6 @@
 #include "datasetlite/record_access.h"
 #include "datasetlite/record_forwarder.h"
 #include "storage/transaction.h"
-#include "support/label_test.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
 
@@ -31,17 +29,6 @@ std::vector<std::string> ReadLabels(IDataSet& source, std::int32_t columns) {
     if (error.Number() != error_number::kSubscriptOutOfRange) throw;
   }
   return labels;
-}
-
-/// The row of blank-separated words that gives these labels.
-std::string LabelRow(const std::vector<std::string>& labels) {
-  std::string row;
-  for (std::string word : labels) {
-    std::replace(word.begin(), word.end(), ' ', kLabelBlank);
-    if (!row.empty()) row += ' ';
-    row += word;
-  }
-  return row;
 }
 
 /// The first column of an extra set.
@@ -125,7 +112,6 @@ bool DataSetLoading::Fill(IDataSet& source, IExtraSet* extra) {
   transaction.Commit();
 
   state_.has_labels = has_labels;
-  state_.label_line = LabelRow(labels);
   state_.labels = std::move(labels);
   state_.table = table;
   state_.cached_columns = columns;

@@ -83,8 +83,7 @@ class SettingsGuard {
         separator_(state.separator),
         properties_(state.properties),
         has_labels_(state.has_labels),
-        labels_(state.labels),
-        label_line_(state.label_line) {}
+        labels_(state.labels) {}
   SettingsGuard(const SettingsGuard&) = delete;
   SettingsGuard& operator=(const SettingsGuard&) = delete;
   ~SettingsGuard() { Restore(); }
@@ -97,7 +96,6 @@ class SettingsGuard {
     state_.properties = std::move(properties_);
     state_.has_labels = has_labels_;
     state_.labels = std::move(labels_);
-    state_.label_line = std::move(label_line_);
   }
 
  private:
@@ -107,7 +105,6 @@ class SettingsGuard {
   PropertyBag properties_;
   bool has_labels_;
   std::vector<std::string> labels_;
-  std::string label_line_;
   bool kept_ = false;
 };
 
@@ -206,7 +203,6 @@ void FileLoading::SetLabels(const Rows& rows, bool test_labels) {
                            rows.columns);
     state_.has_labels = !test_labels || AreLabels(labels, CurrentLocale().DecimalSymbol());
   }
-  state_.label_line = rows.label_row;
   state_.labels = state_.has_labels ? std::move(labels) : std::vector<std::string>();
 }
 

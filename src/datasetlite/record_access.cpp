@@ -112,7 +112,6 @@ void Clear(DataSetLiteState& state) {
   }
   state.table.Reset();
   state.labels.clear();
-  state.label_line.clear();
   state.is_ready = false;
   state.cached_columns = -1;
   state.statistics.Empty();

@@ -6,7 +6,6 @@
 #include "storage/transaction.h"
 #include "support/label_test.h"
 #include "support/text_split.h"
-#include "support/utf8.h"
 
 namespace tslm5::RunLabels {
 namespace {
@@ -51,19 +50,16 @@ void Load(DataSetLiteState& state) {
       ReadCount(*connection, run_statement::kCountLabels) != 0) {
     labels = ReadOriginalLabels(*connection);
   }
-  std::string line;
-  for (const std::string& label : labels) line += label + ' ';
   state.has_labels = !labels.empty();
   state.labels = std::move(labels);
-  state.label_line = Utf8::TrimBlanks(line);
 }
 
 void Set(DataSetLiteState& state, std::string_view labels) {
   state.labels.clear();
   FieldCursor words(labels, " ");
-  for (std::string_view word; words.Next(word);)
+  for (std::string_view word; words.Next(word);) {
     state.labels.push_back(PlainLabel(std::string(word)));
-  state.label_line = labels;
+  }
   state.has_labels = true;
   state.is_dirty = true;
 }

@@ -73,7 +73,6 @@ void LoadLabel(DataSetLiteState& state) {
   const Ref<IDataReader> reader = connection->ExecuteReader(run_statement::kSelectSeriesLabel);
   if (!reader->Read()) return;
   state.labels = {PlainLabel(reader->GetString(0))};
-  state.label_line = state.labels.front();
 }
 
 void RenameTrainingLabels(DataSetLiteState& state) {

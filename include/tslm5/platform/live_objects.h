@@ -23,9 +23,9 @@ class LiveObjects {
 #ifndef NDEBUG
   /// Enters an object that begins to live; its address is not read.
   static void Add(const void* object) {
-    count_.fetch_add(1, std::memory_order_relaxed);
     const std::lock_guard lock(mutex_);
-    list_.insert(object);
+    list_.insert(object);  // what cannot be listed is not counted
+    count_.fetch_add(1, std::memory_order_relaxed);
   }
 
   /// Takes out an object that ends.
