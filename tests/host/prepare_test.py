@@ -95,7 +95,8 @@ class PrepareTest(HostCase):
     def test_the_problem_is_noted(self):
         for name, code in (("regression", 0), ("classification", 1), ("timeseries", 2),
                            ("binary", 3)):
-            self.load("a,b\n1,5\n2,6\n", "--problem", name)
+            is_series = name == "timeseries"  # which is one column
+            self.load("b\n5\n6\n" if is_series else "a,b\n1,5\n2,6\n", "--problem", name)
             self.assertEqual(
                 query(self.run_path, "SELECT namespace, intvalue, floatvalue FROM RunParameters "
                       "WHERE element = 'ProblemCategory'"),
