@@ -25,7 +25,9 @@ TEST(NearestTexts, ListsTheNearestFirst) {
 
 TEST(NearestTexts, ListsADozenAndCountsTheRest) {
   std::vector<std::string> texts;
-  for (int i = 0; i < 100; ++i) texts.push_back("far away " + std::string(1 + i % 9, 'x'));
+  for (std::size_t i = 0; i < 100; ++i) {
+    texts.push_back("far away " + std::string(1 + i % 9, 'x'));
+  }
   texts.emplace_back("near");
   const std::string list = NearestList("near!", texts);
   EXPECT_EQ(list.substr(0, 6), "\"near\"");
