@@ -43,6 +43,7 @@ struct CellSurvey {
   CellKind text;     ///< any other cell that holds no number
   CellKind changed;  ///< cells that lose a tab or a semicolon when they are loaded
   CellKind blanks;   ///< one a line whose blanks make more columns than its separators
+  CellKind quoted;   ///< cells in double quotes, which are kept as part of the text
   std::optional<CellPlace> first_apostrophe;
   std::vector<std::int64_t> missing_by_column;
 };

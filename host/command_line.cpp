@@ -72,7 +72,7 @@ void RequireKnownCommand(CLI::App& app, int argc, const char* const* argv) {
                             Quoted(argv[1]), fmt::join(names, ", ")));
 }
 
-Invocation Telling(std::string text) {
+Invocation Telling(const std::string& text) {
   Invocation invocation;
   invocation.options = text;
   invocation.run = [text](Output& output) {

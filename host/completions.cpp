@@ -74,6 +74,7 @@ std::string ZshArgument(const OptionWords& option) {
 std::string BashCompletion(const CLI::App& program) {
   const std::vector<CommandWords> commands = CommandsOf(program);
   std::vector<std::string> names;
+  names.reserve(commands.size());
   for (const CommandWords& command : commands) names.push_back(command.name);
   std::string text = fmt::format(
       "# Completes the command lines of tslm5 in bash.\n"

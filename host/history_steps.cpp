@@ -44,7 +44,9 @@ std::string StepCommandLine(const HistoryEntry& entry, const std::string& run) {
     if (word == kRunWord) word = run;
   }
   words.insert(words.begin(), "tslm5");
-  return ShellLine(words);
+  // The decimal separator is that of the locale in which the step was taken.
+  const std::string locale = StepParameters(entry).value("locale", "");
+  return (locale.empty() ? "" : "LC_ALL=" + ShellWord(locale) + " ") + ShellLine(words);
 }
 
 }  // namespace tslm5::host

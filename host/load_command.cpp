@@ -77,6 +77,18 @@ void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
   }
 }
 
+/// Quotes mean nothing to the component: a field that stands in them is a word, a number too.
+void WarnOfQuotes(const CellSurvey& survey, StoredSet& stored) {
+  if (!survey.quoted.first) return;
+  const CellPlace& place = *survey.quoted.first;
+  stored.warnings.push_back(
+      fmt::format("{} cell{} in quotes, which are not understood: they are kept as part of a word; "
+                  "the first on "
+                  "line {}, column {}: {}",
+                  survey.quoted.count, survey.quoted.count == 1 ? " stands" : "s stand", place.line,
+                  place.column + 1, Quoted(place.value)));
+}
+
 /// Whether the user asks for more than to store a file's numbers.
 bool AsksForMore(const LoadOptions& options) {
   return !options.response.empty() || options.problem || !options.testing.empty() ||
@@ -177,6 +189,7 @@ void LoadPrepared(const LoadOptions& options, const RunGlimpse& run, FieldFile& 
   if (options.has_labels && file.table.labels.empty()) {
     load.stored.warnings.emplace_back(kNoLabels);
   }
+  WarnOfQuotes(survey, load.stored);
   Report({options, file.separator, survey, load.stored, &load, &file.table}, options.json, output);
 }
 

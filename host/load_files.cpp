@@ -37,6 +37,11 @@ SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view tex
                                 bool comma_is_decimal) {
   if (options.separator != nullptr) return {options.separator, "as asked for"};
   SeparatorChoice choice = GuessSeparator(text, comma_is_decimal);
+  if (choice.is_comma_passed_over) {
+    throw Failure(ExitCode::kRefused,
+                  "every line holds commas, but in your locale they are decimal separators; say "
+                  "--separator comma, or --separator none for one column");
+  }
   const bool is_none = choice.separator->code == separator_code::kNone;
   if (is_none && options.layout == layout_code::kRecordsInColumns) {
     throw Failure(ExitCode::kRefused,
@@ -125,6 +130,9 @@ CellSurvey SurveyFields(const FieldTable& table, const CellRule& rule) {
     for (std::size_t column = 0; column < table.columns; ++column) {
       const std::string_view cell = table.Field(record, column);
       const CellClass kind = rule.Classify(cell);
+      if (cell.size() > 1 && cell.front() == '"' && cell.back() == '"') {
+        survey.quoted.Note(table.places[record], column, cell);
+      }
       if (kind == CellClass::kWord) survey.text.Note(table.places[record], column, cell);
       if (kind != CellClass::kMissing) continue;
       survey.missing.Note(table.places[record], column, cell);

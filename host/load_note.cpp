@@ -6,6 +6,7 @@
 #include "host/json_text.h"
 #include "host/run_history.h"
 #include "host/shown_text.h"
+#include "host/user_locale.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
@@ -56,6 +57,7 @@ void NoteLoad(const RunSession& session, const LoadOptions& options, const Delim
                                        {"layout", text.is_transposed ? "columns" : "rows"},
                                        {"rows", stored.rows},
                                        {"columns", stored.columns}};
+  if (UserHasDecimalComma()) parameters["locale"] = UserLocaleName();
   if (!options.response.empty()) parameters["response"] = options.response;
   if (options.problem) parameters["problem"] = ProblemName(*options.problem);
   if (!options.testing.empty()) parameters["testing"] = AbsolutePath(options.testing);

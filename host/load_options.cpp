@@ -10,6 +10,7 @@
 #include "host/lines.h"
 #include "host/load_command.h"
 #include "host/shown_text.h"
+#include "tslm5/contracts/codes.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
@@ -120,6 +121,13 @@ void MakePreparation(const Words& words, LoadOptions& options) {
   }
   if (!words.normalize.empty()) options.scale = ParseScale(words.normalize);
   if (!words.positive_class.empty()) options.positive_class = words.positive_class;
+  if (options.positive_class) {
+    if (!options.problem) options.problem = problem_category::kClassification;
+    if (*options.problem == problem_category::kRegression ||
+        *options.problem == problem_category::kTimeSeries) {
+      Misuse("--positive-class goes with --problem classification or binary");
+    }
+  }
   options.missing_tokens = ParseTokens(words.missing);
   RequireTraining(options);
 }

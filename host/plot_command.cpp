@@ -27,7 +27,8 @@ constexpr const char* kPlotExamples =
     "  tslm5 plot air.db passengers --svg passengers.svg\n"
     "\n"
     "The column's values in the order of the records, joined by lines; a missing value leaves a\n"
-    "gap.\n";
+    "gap. With --svg a former plot is replaced; any other file only with --force, the run itself "
+    "never.\n";
 
 constexpr ChartSize kLargestChart = {1000, 200};
 constexpr std::int32_t kRowsBetweenLooks = 4096;
@@ -53,6 +54,9 @@ std::vector<double> ReadColumn(IDataSet& data_set, std::int32_t column) {
 
 void RunPlot(const PlotOptions& options, Output& output) {
   const RunSession session(options.run, RunOptions::Mode::kReadOnly);
+  if (!options.picture.empty()) {
+    RequireFreePlace(options.picture, options.run, kPictureMark, "plot", options.force);
+  }
   const Ref<IDataSet> data_set = session.OpenDataSet(options.set->type);
   if (!data_set) {
     throw Failure(ExitCode::kTrouble, fmt::format("{} has no {} set (tslm5 info tells what it has)",
@@ -98,6 +102,7 @@ void AddPlotCommand(CLI::App& app, Invocation& invocation) {
       ->type_name("FILE")
       ->excludes(width)
       ->excludes(height);
+  plot.add_flag("--force", words->options.force, "replace a file that is no plot");
   plot.footer(kPlotExamples);
   const auto make = [words, width, height] {
     PlotOptions options = words->options;

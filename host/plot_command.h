@@ -16,6 +16,7 @@ struct PlotOptions {
   const SetName* set = nullptr;
   std::optional<std::int32_t> width;  ///< nothing: that of the terminal
   std::int32_t height = ChartSize{}.height;
+  bool force = false;   ///< `picture` may take the place of any file but the run
   std::string picture;  ///< the file of the picture; "": the terminal
 };
 

@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 
 #include <chrono>
-#include <filesystem>
 #include <memory>
 
 #include "host/common_options.h"
@@ -25,26 +24,11 @@ constexpr const char* kReportExamples =
     "report\n"
     "is replaced; any other file only with --force, the run itself never.\n";
 
-bool IsSameFile(const std::string& left, const std::string& right) {
-  std::error_code error;
-  return std::filesystem::equivalent(left, right, error) && !error;
-}
-
-void RequireFreePlace(const ReportOptions& options) {
-  if (IsSameFile(options.page, options.run)) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} is the run itself", Escaped(options.page)));
-  }
-  if (MayReplace(options.page, kReportMark) || options.force) return;
-  throw Failure(ExitCode::kUsage,
-                fmt::format("{} is there already and is no report; --force replaces it",
-                            Escaped(options.page)));
-}
-
 }  // namespace
 
 void RunReport(const ReportOptions& options, Output& output) {
   const RunSession session(options.run, RunOptions::Mode::kReadOnly);
-  RequireFreePlace(options);
+  RequireFreePlace(options.page, options.run, kReportMark, "report", options.force);
   Progress progress(Terminal::OfStandardError());
   const ReportData data = ReadReport(session, options.run, progress);
   const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/lines.h"
+#include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
 namespace {
@@ -44,6 +45,19 @@ Trial Try(const Separator& separator, const std::vector<std::string_view>& lines
   return trial;
 }
 
+/// Whether the comma gives the same number of fields in all lines, which are more than numbers with
+/// a decimal comma.
+bool LooksSeparatedByCommas(const std::vector<std::string_view>& lines) {
+  if (lines.empty()) return false;
+  const Trial trial = Try(*FindSeparator("comma"), lines);
+  if (trial.usual_fields < 2 || trial.usual_lines != lines.size()) return false;
+  return std::any_of(lines.begin(), lines.end(), [](std::string_view line) {
+    double value = 0.0;
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return !ParseNumber(line, ',', value);
+  });
+}
+
 }  // namespace
 
 const Separator* FindSeparator(std::string_view name) {
@@ -74,6 +88,11 @@ SeparatorChoice GuessSeparator(std::string_view text, bool comma_is_decimal) {
     }
   }
   if (uneven.separator != nullptr) return uneven;
+  if (comma_is_decimal && LooksSeparatedByCommas(lines)) {
+    return {FindSeparator("none"),
+            "every line looked at is one field; commas are decimal separators in your locale",
+            true};
+  }
   return {FindSeparator("none"),
           all_single ? "every line looked at is one field"
                      : "no separator gives the same number of fields in every line"};

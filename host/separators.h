@@ -32,6 +32,8 @@ const Separator* FindSeparator(std::string_view name);
 struct SeparatorChoice {
   const Separator* separator = nullptr;
   std::string reason;
+  /// The lines look separated by commas, which are decimal separators in the user's locale.
+  bool is_comma_passed_over = false;
 };
 
 /// Finds the separator of `text` by its first 100 lines that are not empty: the one that gives the

@@ -125,12 +125,12 @@ std::string SeriesPicture(const std::string& title, const std::vector<double>& v
   const ValueRange range = ValueRange::Of(values);
   return fmt::format(
       "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {0} {1}\" width=\"{0}\" "
-      "height=\"{1}\" role=\"img\">\n<title>{2}</title>\n{3}"
+      "height=\"{1}\" role=\"img\">\n{7}\n<title>{2}</title>\n{3}"
       "<rect class=\"ground\" width=\"{0}\" height=\"{1}\"/>\n"
       "<text class=\"ink\" x=\"{4}\" y=\"28\">{2}</text>\n{5}"
       "<path class=\"line\" d=\"{6}\"/>\n</svg>\n",
       kWidth, kHeight, XmlText(title), kStyle, kLeft, Grid(range, values.size()),
-      Path(values, range));
+      Path(values, range), kPictureMark);
 }
 
 }  // namespace tslm5::host

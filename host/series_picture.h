@@ -2,9 +2,13 @@
 #define TSLM5_HOST_SERIES_PICTURE_H_
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tslm5::host {
+
+/// What tells a picture that was drawn here from any other file.
+inline constexpr std::string_view kPictureMark = "<!-- drawn by tslm5 plot -->";
 
 /// An SVG picture of values in order, joined by lines, that needs nothing else: light, or dark
 /// where the viewer prefers that. A value that is no finite number leaves a gap. More values than

@@ -32,12 +32,16 @@ bool HasDecimalComma(const std::string& name) {
   return U_SUCCESS(status) && symbol[0] == u',' && symbol[1] == 0;
 }
 
-bool UserHasDecimalComma() {
+std::string UserLocaleName() {
   for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
     const char* name = std::getenv(variable);
-    if (name != nullptr && *name != '\0') return HasDecimalComma(name);
+    if (name != nullptr && *name != '\0') return name;
   }
-  return false;
+  return {};
+}
+
+bool UserHasDecimalComma() {
+  return HasDecimalComma(UserLocaleName());
 }
 
 }  // namespace tslm5::host

@@ -11,6 +11,9 @@ bool HasDecimalComma(const std::string& name);
 /// Whether the user writes decimals with a comma: by LC_ALL, LC_NUMERIC, LANG, the first one set.
 bool UserHasDecimalComma();
 
+/// The name of the user's locale by the same variables; empty when none is set.
+std::string UserLocaleName();
+
 }  // namespace tslm5::host
 
 #endif  // TSLM5_HOST_USER_LOCALE_H_

@@ -90,6 +90,14 @@ class HistoryTest(HostCase):
         )
         self.assertEqual(step["parameters"]["rows"], 2)
 
+    def test_a_load_with_decimal_commas_names_its_locale(self):
+        file = self.write("comma.csv", "v;w\n1,5;2\n2,5;3\n")
+        words = ("load", file, "--run", self.run_path, "--normalize", "minmax")
+        self.done(*words, LC_ALL="de_DE.UTF-8")
+        (step,) = self.steps()
+        self.assertEqual(step["parameters"]["locale"], "de_DE.UTF-8")
+        self.assertTrue(step["commandLine"].startswith("LC_ALL=de_DE.UTF-8 tslm5 load "), step)
+
     def test_a_step_of_another_program_is_told_without_a_line(self):
         self.load("a,b\n1,2\n")
         change(

@@ -101,7 +101,6 @@ class PlotTest(HostCase):
         self.series([1, 2, 3, 4, 5])
         change(self.run_path, "UPDATE TrainingSet SET d0 = NULL WHERE row = 3")
         file = self.folder / "picture.svg"
-        file.write_text("an older one")
         told = self.plot("value", "--svg", file)
         self.assertEqual(told, f"value: 5 rows, training set, is drawn in {file}\n")
         text = file.read_text()
@@ -117,6 +116,25 @@ class PlotTest(HostCase):
         self.assertIn("@media (prefers-color-scheme: dark)", text)
         self.assertNotIn("href", text)
         self.assertEqual([p.name for p in self.folder.glob("*.part")], [])
+
+    def test_a_picture_takes_the_place_of_a_picture_alone(self):
+        self.series([1, 2])
+        file = self.folder / "picture.svg"
+        self.plot("value", "--svg", file)
+        self.plot("value", "--svg", file)
+        file.write_text("something else")
+        message = f"{file} is there already and is no plot; --force replaces it"
+        self.failed(2, message, "plot", self.run_path, "value", "--svg", file)
+        self.assertEqual(file.read_text(), "something else")
+        self.plot("value", "--svg", file, "--force")
+        self.assertIn("<svg", file.read_text())
+        before = self.run_path.read_bytes()
+        link = self.folder / "link.svg"
+        link.symlink_to(self.run_path)
+        for place in (self.run_path, link):
+            message = f"{place} is the run itself"
+            self.failed(2, message, "plot", self.run_path, "value", "--svg", place, "--force")
+        self.assertEqual(self.run_path.read_bytes(), before)
 
     def test_a_picture_of_many_values_keeps_the_extremes(self):
         values = [0] * 20_000

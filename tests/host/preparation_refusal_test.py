@@ -77,6 +77,39 @@ class PreparationRefusalTest(HostCase):
         self.done("load", self.write("most.csv", "a,b\n" + rows[: rows.rindex("w10000")]), "--run",
                   self.folder / "most.db", "--no-stats")
 
+    def test_commas_that_the_locale_takes_for_decimals(self):
+        file = self.write("commas.csv", "a,b,c\n1,2,3\n3,4,5\n")
+        message = (
+            "every line holds commas, but in your locale they are decimal separators; say "
+            "--separator comma, or --separator none for one column"
+        )
+        german = {"LC_ALL": "de_DE.UTF-8"}
+        self.failed(1, message, "load", file, "--run", self.run_path, **german)
+        self.assertEqual(dump(self.run_path), self.before)
+        new = self.folder / "new.db"
+        self.done("load", file, "--run", new, "--separator", "comma", **german)
+        one = self.write("one.csv", "a\n1,5\n2,5\n")
+        self.done("load", one, "--run", self.folder / "one.db", **german)
+
+    def test_quotes_are_warned_of(self):
+        file = self.write("quoted.csv", 'a,b\n"1",x\n2,y\n3,x\n')
+        result = self.program("load", file, "--run", self.folder / "new.db")
+        self.assertEqual(result.returncode, 0)
+        self.assertIn(
+            "1 cell stands in quotes, which are not understood: they are kept as part of a word; "
+            'the first on line 2, column 1: ', result.stderr,
+        )
+
+    def test_a_positive_class_belongs_to_classes(self):
+        file = self.write("plain.csv", "a,b\n1,5\n2,6\n")
+        message = "--positive-class goes with --problem classification or binary"
+        for problem in ("regression", "timeseries"):
+            self.failed(2, message, "load", file, "--run", self.run_path, "--positive-class", "5",
+                        "--problem", problem)
+        new = self.folder / "new.db"
+        told = self.done("load", file, "--run", new, "--positive-class", "5")
+        self.assertIn("(classification)", told)
+
     def test_an_unknown_positive_class(self):
         self.refused(
             '--positive-class: the response c has no class "NO"; its classes are no, yes, perhaps',
