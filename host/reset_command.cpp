@@ -46,7 +46,8 @@ const char* NameOf(Step step) {
   throw Failure(ExitCode::kRefused, words);
 }
 
-void Reset(const RunSession& session, const ResetOptions& options, ITimeSeriesChanges& changes) {
+void Reset(const RunSession& session, const ResetOptions& options,
+           const Ref<ITimeSeriesChanges>& changes) {
   const std::string run = Escaped(options.run);
   if (!session.Connection().TableExists("TestingSet")) {
     Refuse(fmt::format("{} has no testing set, so there is nothing to reset the training set to",
@@ -58,7 +59,7 @@ void Reset(const RunSession& session, const ResetOptions& options, ITimeSeriesCh
                     "set again",
                     run));
   }
-  if (changes.ResetTimeSeries()) return;
+  if (changes->ResetTimeSeries()) return;
   throw Failure(ExitCode::kTrouble, "the reset failed: the run could not be written");
 }
 
@@ -75,7 +76,7 @@ ResetRun ResetInSession(const RunSession& session, const ResetOptions& options) 
   done.former_backup_rows = BackupRows(session);
   if (options.step != Step::kReset) RequireBackup(done, options);
   session.CreateSchema();
-  if (options.step == Step::kReset) Reset(session, options, *changes);
+  if (options.step == Step::kReset) Reset(session, options, changes);
   if (options.step == Step::kUndo) changes->UndoReset();
   if (options.step == Step::kKeep) changes->ClearReset();
   done.rows = training->Rows();

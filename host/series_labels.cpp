@@ -76,6 +76,7 @@ void FitLabels(const RunSession& session, IDataSet& training) {
   const auto step = CurrentEmbedding(session);
   if (step && step->dimension + 1 == columns) return WriteEmbeddingLabels(session, training, *step);
   std::vector<ColumnNote> notes;
+  notes.reserve(static_cast<std::size_t>(columns));
   for (std::int32_t column = 0; column < columns; ++column) {
     notes.push_back({fmt::format("d{}", column), 0, false});
   }

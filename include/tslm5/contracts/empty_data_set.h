@@ -76,7 +76,8 @@ class EmptyDataSet : public Base {
   ///@}
 
  protected:
-  ~EmptyDataSet() = default;
+  // Virtual over some bases alone.
+  ~EmptyDataSet() = default;  // NOLINT(modernize-use-override)
 };
 
 }  // namespace tslm5
