@@ -75,7 +75,7 @@ void AddCheckCommand(CLI::App& app, Invocation& invocation) {
   CLI::Option* all =
       check.add_flag("--all", words->options.all, "every problem, not the first alone");
   check.add_option("--max", words->options.most_problems, "how many problems to show (default 20)")
-      ->check(CLI::NonNegativeNumber)
+      ->check(CLI::Range(0, 1000000000))
       ->needs(all)
       ->type_name("N");
   AddJson(check, words->options.json);

@@ -130,6 +130,7 @@ void RunMissing(const MissingOptions& options, Output& output) {
   const RunSession session(options.run,
                            changes ? RunOptions::Mode::kReadWrite : RunOptions::Mode::kReadOnly);
   std::vector<ReportedGaps> report;
+  bool waits = false;  // for --apply
   {
     std::optional<Transaction> transaction;
     if (changes) transaction.emplace(session.Connection());
@@ -143,6 +144,7 @@ void RunMissing(const MissingOptions& options, Output& output) {
         const ReportedGaps before = ReadReported(session, data_set, *column);
         choices = ParseChoices(options, before);
         ChooseReplacements(session, data_set, before.gaps, choices);
+        waits = !options.applies && !TakesBack(choices) && !choices.empty();
       }
       if (options.applies) Apply(session, data_set, column);
       if (options.applies || TakesBack(choices)) RenewStatistics(session, options.statistics);
@@ -155,6 +157,9 @@ void RunMissing(const MissingOptions& options, Output& output) {
     }
   }
   output.Write(options.json ? GapJson(report) : GapText(report));
+  if (waits && !options.json) {
+    output.Write("chosen, not yet applied: --apply writes the replacements into the data\n");
+  }
 }
 
 void AddMissingCommand(CLI::App& app, Invocation& invocation) {

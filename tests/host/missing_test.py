@@ -72,7 +72,10 @@ class MissingTest(HostCase):
 
     def test_json(self):
         self.prepare()
-        self.missing("kind", "--replace", "?=b")
+        told = self.done("missing", self.run_path, "kind", "--replace", "?=b")
+        self.assertTrue(
+            told.endswith("chosen, not yet applied: --apply writes the replacements into the data\n")
+        )
         self.assertEqual(
             json.loads(self.missing("kind", "--json")),
             {"columns": [{
