@@ -1,18 +1,19 @@
 // Writes what is made from the program's own table of commands: its manual page and the shells'
 // completions. Run while the project is built.
+#include <cstdio>
 #include <fstream>
-#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "host/command_line.h"
 #include "host/completions.h"
 #include "host/manual_page.h"
 
-int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: write_documents FOLDER\n";
-    return 2;
-  }
-  const std::string folder = argv[1];
+namespace {
+
+/// Writes the three documents into `folder`. Raises what goes wrong.
+void WriteDocuments(const std::string& folder) {
   CLI::App program;
   tslm5::host::Invocation invocation;
   tslm5::host::DescribeProgram(program, invocation);
@@ -24,10 +25,22 @@ int main(int argc, char** argv) {
   for (const auto& [name, text] : documents) {
     std::ofstream file(folder + "/" + name, std::ios::binary);
     file << text;
-    if (!file.flush()) {
-      std::cerr << "write_documents: " << folder << "/" << name << " cannot be written\n";
-      return 1;
-    }
+    if (!file.flush()) throw std::runtime_error(folder + "/" + name + " cannot be written");
   }
-  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fputs("usage: write_documents FOLDER\n", stderr);
+    return 2;
+  }
+  try {
+    WriteDocuments(argv[1]);
+    return 0;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "write_documents: %s\n", error.what());
+    return 1;
+  }
 }
