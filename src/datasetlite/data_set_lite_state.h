@@ -30,7 +30,7 @@ struct DataSetLiteState {
   bool has_labels = true;
   std::vector<std::string> labels;  // no character of code 5 in them
 
-  Ref<IUnknown> run;  // the connection service
+  Ref<IUnknown> run;           // the connection service
   Ref<TableLite> table;        // the set's own data table
   Ref<TableLite> extra_table;  // the time-series testing table, when there is one
 
