@@ -1,6 +1,7 @@
 #include "tslm5/engine/open_run.h"
 
 #include "engine/run_connection.h"
+#include "tslm5/engine/run_recovery.h"
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
@@ -14,10 +15,30 @@ class Run final : public CountedObject<IConnectionService> {
   std::string_view TypeName() override { return "Run"; }
   Variant GetConnection() override { return Variant(connection_); }
 
+  bool QueryInterface(const Uuid& pId, void** pObject) override {
+    if (pId != IRunRecovery::kId) return CountedObject::QueryInterface(pId, pObject);
+    *pObject = static_cast<IRunRecovery*>(&recovery_facet_);
+    AddRef();
+    return true;
+  }
+
  private:
+  class RecoveryFacet final : public Facet<IRunRecovery> {
+   public:
+    explicit RecoveryFacet(Run& owner) : Facet(owner), run_(owner) {}
+    bool WasRecovered() override { return run_.connection_->OpeningRecovery().was_recovered; }
+    std::int64_t InterruptedAt() override {
+      return run_.connection_->OpeningRecovery().interrupted_at;
+    }
+
+   private:
+    Run& run_;
+  };
+
   ~Run() override = default;
 
   Ref<RunConnection> connection_;
+  RecoveryFacet recovery_facet_{*this};
 };
 
 }  // namespace

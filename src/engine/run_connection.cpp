@@ -39,6 +39,7 @@ int OpenFlags(const RunOptions& options) {
 
 RunConnection::RunConnection(const std::string& path, const RunOptions& options) {
   CheckRunPath(path, options);
+  if (!options.in_memory) recovery_ = RecoverRun(path, options.busy_timeout_ms);
   const char* name = options.in_memory ? ":memory:" : path.c_str();
   const int code = sqlite3_open_v2(name, &database_, OpenFlags(options), nullptr);
   try {

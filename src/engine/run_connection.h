@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "engine/connection_dispatch.h"
+#include "engine/hot_journal.h"
 #include "engine/literal_inserter.h"
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/number_inserter.h"
@@ -39,6 +40,8 @@ class RunConnection final : public FacetOwner {
   bool InsertNumbers(std::string_view head, std::span<const double> numbers, std::int32_t row);
 
   sqlite3* Database() const { return database_; }
+  /// What opening the database undid.
+  const Recovery& OpeningRecovery() const { return recovery_; }
 
   /// Grows with everything that may have changed a table.
   std::uint64_t Writes() const { return writes_; }
@@ -123,6 +126,7 @@ class RunConnection final : public FacetOwner {
   void Rollback();
 
   sqlite3* database_ = nullptr;
+  Recovery recovery_;
   std::uint64_t writes_ = 0;
   std::vector<std::string> transactions_;  // outermost first: a savepoint's name, or "" for none
   LiteralInserter inserter_{nullptr};

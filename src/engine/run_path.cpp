@@ -20,12 +20,6 @@ std::string Reason(int error) {
   return std::generic_category().message(error);
 }
 
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 void CheckFile(const std::string& path, const RunOptions& options) {
   const bool writes = options.mode != RunOptions::Mode::kReadOnly;
   if (access(path.c_str(), writes ? R_OK | W_OK : R_OK) != 0) {
@@ -56,6 +50,12 @@ void CheckNewFile(const std::string& path, const RunOptions& options) {
 }
 
 }  // namespace
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
 
 void CheckRunPath(const std::string& path, const RunOptions& options) {
   if (options.in_memory) {

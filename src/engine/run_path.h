@@ -8,6 +8,9 @@
 
 namespace tslm5 {
 
+/// The folder that holds the file `path`.
+std::string FolderOf(const std::string& path);
+
 /// Raises what `OpenRun` says of a path that SQLite would open in another sense than meant, or
 /// refuse in words of its own.
 void CheckRunPath(const std::string& path, const RunOptions& options);

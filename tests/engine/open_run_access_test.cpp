@@ -10,6 +10,7 @@
 #include <string>
 
 #include "engine/engine_fixture.h"
+#include "engine/interrupted_run.h"
 
 namespace tslm5 {
 namespace {
@@ -111,6 +112,46 @@ TEST_F(OpenRunAccess, RefusesAFolderThatCannotBeEntered) {
   const Error error = RaisedToACommonUser(path_, RunOptions::Mode::kReadWrite);
   EXPECT_EQ(error.Number(), error_number::kFileAccess);
   EXPECT_EQ(error.Description(), "The run " + path_ + " cannot be read: Permission denied.");
+}
+
+class InterruptedRunAccess : public OpenRunAccess {
+ protected:
+  InterruptedRunAccess() {
+    std::filesystem::remove(path_);
+    MakeInterruptedRun(path_);
+    Allow(path_, 0666);
+    Allow(Journal(), 0666);
+  }
+
+  std::string Journal() const { return path_ + "-journal"; }
+  std::string Told(const std::string& reason) const {
+    return "The run " + path_ +
+           " holds a change that was interrupted, which must be undone before the run can be read,"
+           " but " +
+           reason + ". Open it once where it can be written, or copy " + path_ + " and " +
+           Journal() + " together to a folder that can be written and open the copy.";
+  }
+};
+
+TEST_F(InterruptedRunAccess, IsRecoveredWhereNothingForbids) {
+  EXPECT_EQ(RaisedToACommonUser(path_, RunOptions::Mode::kReadOnly).Number(), 0);
+  EXPECT_FALSE(std::filesystem::exists(Journal()));
+}
+
+TEST_F(InterruptedRunAccess, TellsHowToRecoverInAFolderThatCannotBeWritten) {
+  Allow(folder_.Path(), 0555);
+  const Error error = RaisedToACommonUser(path_, RunOptions::Mode::kReadOnly);
+  EXPECT_EQ(error.Number(), error_number::kFileAccess);
+  EXPECT_EQ(error.Description(),
+            Told("its folder " + folder_.Path() + " cannot be written: Permission denied"));
+  EXPECT_TRUE(std::filesystem::exists(Journal()));
+}
+
+TEST_F(InterruptedRunAccess, TellsHowToRecoverAFileThatCannotBeWritten) {
+  Allow(path_, 0444);
+  const Error error = RaisedToACommonUser(path_, RunOptions::Mode::kReadOnly);
+  EXPECT_EQ(error.Number(), error_number::kFileAccess);
+  EXPECT_EQ(error.Description(), Told("the file cannot be written: Permission denied"));
 }
 
 }  // namespace

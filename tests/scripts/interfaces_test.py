@@ -24,6 +24,7 @@ RESULTS = {
     "bool": "boolean",
     "std::int32_t": "integer",
     "std::uint32_t": "integer",
+    "std::int64_t": "integer",
     "double": "number",
     "std::string": "text",
     "std::string_view": "text view",

@@ -15,7 +15,7 @@ struct RunOptions {
   enum class Mode {
     kReadWrite,        ///< the file must exist
     kReadWriteCreate,  ///< a missing file is made when the first table is
-    kReadOnly,         ///< the file must exist and is not changed
+    kReadOnly,         ///< the file must exist and is not changed, but for a recovery
   };
 
   Mode mode = Mode::kReadWrite;  ///< not looked at for a database in memory
@@ -31,6 +31,9 @@ struct RunOptions {
 /// Raises 41001 for a path that names no file: empty, ":memory:" or "file:…"; 53 for a missing
 /// file or folder; 75 for a directory or a place that cannot be read or, unless `kReadOnly`,
 /// written; SQLite's 26 for a file that is no database; 41001 for a schema newer than asked for.
+/// A change that a killed program left half done is undone first, in every mode: see
+/// `IRunRecovery`. Where that needs writing and nothing can be written, 75 is raised and says how
+/// to recover the run.
 [[gnu::visibility("default")]] Ref<IConnectionService> OpenRun(const std::string& path,
                                                                const RunOptions& options = {});
 

@@ -10,6 +10,7 @@
 #include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/record_set.h"
 #include "tslm5/engine/record_texts.h"
+#include "tslm5/engine/run_recovery.h"
 
 namespace tslm5 {
 namespace {
@@ -43,6 +44,10 @@ TEST(EngineSlots, RecordSet) {
 
 TEST(EngineSlots, RecordTexts) {
   ExpectSlots<IRecordTexts>(&IRecordTexts::GetTexts);
+}
+
+TEST(EngineSlots, RunRecovery) {
+  ExpectSlots<IRunRecovery>(&IRunRecovery::WasRecovered, &IRunRecovery::InterruptedAt);
 }
 
 TEST(ComponentSlots, ClassFactory) {
