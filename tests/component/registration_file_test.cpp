@@ -2,8 +2,10 @@
 #include "component/registration_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <atomic>
+#include <csignal>
 #include <fstream>
 #include <thread>
 #include <vector>
@@ -15,6 +17,26 @@
 
 namespace tslm5 {
 namespace {
+
+/// No file of this process can grow, for a while: a file can be made, but nothing written to it.
+class FullDisk {
+ public:
+  FullDisk() : former_action_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &former_);
+    const rlimit none{0, former_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &none);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &former_);
+    std::signal(SIGXFSZ, former_action_);
+  }
+
+ private:
+  void (*former_action_)(int);
+  rlimit former_{};
+};
 
 TEST(RegistrationText, NamesTheLibraryAndEveryClass) {
   const std::string text = RegistrationText("/some where/lib.so");
@@ -66,6 +88,28 @@ TEST(DllRegisterServer, MayBeCalledByManyAtOnce) {
   EXPECT_TRUE(ReadRegistration(registrations.file));
   const std::filesystem::directory_iterator files(registrations.file.parent_path());
   EXPECT_EQ(std::distance(files, {}), 1) << "nothing else is left in the folder";
+}
+
+TEST(DllRegisterServer, OnAFullDiskLeavesTheOlderFile) {
+  const RegistrationsOfTheTest registrations;
+  ASSERT_EQ(DllRegisterServer(), TSLM5_OK);
+  const std::string text = registrations.Text();
+  {
+    const FullDisk full;
+    EXPECT_EQ(DllRegisterServer(), TSLM5_REGISTRATION_FAILED);
+  }
+  EXPECT_EQ(registrations.Text(), text);
+  const std::filesystem::directory_iterator files(registrations.file.parent_path());
+  EXPECT_EQ(std::distance(files, {}), 1) << "nothing else is left in the folder";
+}
+
+TEST(DllRegisterServer, OnAFullDiskLeavesNoEmptyFile) {
+  const RegistrationsOfTheTest registrations;
+  {
+    const FullDisk full;
+    EXPECT_EQ(DllRegisterServer(), TSLM5_REGISTRATION_FAILED);
+  }
+  EXPECT_FALSE(std::filesystem::exists(registrations.file));
 }
 
 TEST(DllRegisterServer, FailsWhereNoFolderCanBe) {
