@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <memory>
+
 #include "host/category_report.h"
 #include "host/common_options.h"
 #include "host/failure.h"
@@ -154,7 +156,7 @@ ExitCode RunCategories(const CategoriesOptions& options, Output& output) {
   return report.check && !report.check->is_fit ? ExitCode::kRefused : ExitCode::kDone;
 }
 
-void AddCategoriesCommand(CLI::App& app, Invocation& invocation) {
+void AddCategoriesCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     CategoriesOptions options;
     std::string column;
@@ -163,32 +165,31 @@ void AddCategoriesCommand(CLI::App& app, Invocation& invocation) {
     std::string positive_class;
     bool no_statistics = false;
   };
-  CLI::App& command = *app.add_subcommand("categories", "Show a run's categories and recode them");
+  CommandSpec command = app.AddCommand("categories", "Show a run's categories and recode them");
   const auto words = std::make_shared<Words>();
   AddRun(command, words->options.run);
-  const CLI::Option* column =
-      command.add_option("COLUMN", words->column, "a label, or d0, d1, ... (default: all)");
-  command.add_option("--set", words->sets, "give a category a code")->type_name("VALUE=NUMBER");
-  command.add_option("--merge", words->merges, "give several categories one code")
-      ->type_name("VALUE,VALUE=NUMBER");
-  command.add_flag("--check", words->options.checks,
-                   "ask whether the response can be a binary one");
-  command.add_flag("--encode", words->options.encodes, "write the response as a binary one");
-  const CLI::Option* positive =
+  const OptionSpec column =
+      command.AddOption("COLUMN", words->column, "a label, or d0, d1, ... (default: all)");
+  command.AddOption("--set", words->sets, "give a category a code").ValueName("VALUE=NUMBER");
+  command.AddOption("--merge", words->merges, "give several categories one code")
+      .ValueName("VALUE,VALUE=NUMBER");
+  command.AddFlag("--check", words->options.checks, "ask whether the response can be a binary one");
+  command.AddFlag("--encode", words->options.encodes, "write the response as a binary one");
+  const OptionSpec positive =
       command
-          .add_option("--positive-class", words->positive_class,
-                      "the class of the response that is the positive one; no record changes")
-          ->type_name("TEXT");
-  command.add_flag("--no-stats", words->no_statistics,
-                   "do not compute the statistics of the columns anew");
+          .AddOption("--positive-class", words->positive_class,
+                     "the class of the response that is the positive one; no record changes")
+          .ValueName("TEXT");
+  command.AddFlag("--no-stats", words->no_statistics,
+                  "do not compute the statistics of the columns anew");
   AddJson(command, words->options.json);
-  command.footer(kCategoriesExamples);
+  command.Footer(kCategoriesExamples);
   const auto make = [words, column, positive] {
     CategoriesOptions options = words->options;
     options.run = RunName(options.run);
     options.statistics = !words->no_statistics;
-    if (column->count() > 0) options.column = words->column;
-    if (positive->count() > 0) options.positive_class = words->positive_class;
+    if (column.IsGiven()) options.column = words->column;
+    if (positive.IsGiven()) options.positive_class = words->positive_class;
     for (const std::string& word : words->sets) {
       AddCodeChange(ParseCodeChange(word), options.codes);
     }

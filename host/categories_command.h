@@ -25,7 +25,7 @@ struct CategoriesOptions {
 };
 
 /// `tslm5 categories`.
-void AddCategoriesCommand(CLI::App& app, Invocation& invocation);
+void AddCategoriesCommand(CommandSpec& app, Invocation& invocation);
 
 ExitCode RunCategories(const CategoriesOptions& options, Output& output);
 

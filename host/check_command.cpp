@@ -1,6 +1,7 @@
 #include "host/check_command.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "host/check_report.h"
 #include "host/common_options.h"
@@ -57,29 +58,29 @@ ExitCode RunCheck(const CheckOptions& options, Output& output) {
   return answer.is_valid ? ExitCode::kDone : ExitCode::kRefused;
 }
 
-void AddCheckCommand(CLI::App& app, Invocation& invocation) {
+void AddCheckCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     CheckOptions options;
     std::string separator = "auto";
     std::string problem = "regression";
     bool no_labels = false;
   };
-  CLI::App& check = *app.add_subcommand("check", "Check a delimited text file before it is loaded");
+  CommandSpec check = app.AddCommand("check", "Check a delimited text file before it is loaded");
   const auto words = std::make_shared<Words>();
-  check.add_option("FILE", words->options.file, "the text file")->required();
+  check.AddOption("FILE", words->options.file, "the text file").Required();
   AddSeparator(check, words->separator);
-  check.add_flag("--no-labels", words->no_labels, "the first line is a record, not the labels");
+  check.AddFlag("--no-labels", words->no_labels, "the first line is a record, not the labels");
   AddProblem(check, words->problem,
              "what the data are for (default regression); a classified response must be there "
              "in every record");
-  CLI::Option* all =
-      check.add_flag("--all", words->options.all, "every problem, not the first alone");
-  check.add_option("--max", words->options.most_problems, "how many problems to show (default 20)")
-      ->check(CLI::Range(0, 1000000000))
-      ->needs(all)
-      ->type_name("N");
+  const OptionSpec all =
+      check.AddFlag("--all", words->options.all, "every problem, not the first alone");
+  check.AddOption("--max", words->options.most_problems, "how many problems to show (default 20)")
+      .InRange(0, 1000000000)
+      .Needs(all)
+      .ValueName("N");
   AddJson(check, words->options.json);
-  check.footer(kCheckExamples);
+  check.Footer(kCheckExamples);
   const auto make = [words] {
     CheckOptions options = words->options;
     options.separator = FindSeparator(words->separator);

@@ -22,7 +22,7 @@ struct CheckOptions {
 };
 
 /// `tslm5 check`.
-void AddCheckCommand(CLI::App& app, Invocation& invocation);
+void AddCheckCommand(CommandSpec& app, Invocation& invocation);
 
 /// `kDone` for a file that is valid, else `kRefused`: that is the command's result, not a failure.
 ExitCode RunCheck(const CheckOptions& options, Output& output);

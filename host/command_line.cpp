@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -82,22 +83,31 @@ Invocation Telling(const std::string& text) {
   return invocation;
 }
 
-}  // namespace
-
-void DescribeProgram(CLI::App& program, Invocation& invocation) {
+/// Gives `program` its name, its help and all of its commands.
+void BuildProgram(CLI::App& program, Invocation& invocation) {
   program.name("tslm5");
   program.description(
       "Checks delimited data, loads it into a run database and shows what it holds.");
   program.set_version_flag("--version", "tslm5 " TSLM5_VERSION);
   program.require_subcommand(1);
   program.footer(kExamples);
-  for (const AddCommand add : kCommands) add(program, invocation);
+  CommandSpec spec(program);
+  for (const AddCommand add : kCommands) add(spec, invocation);
+}
+
+}  // namespace
+
+std::shared_ptr<const CLI::App> DescribeProgram() {
+  const auto program = std::make_shared<CLI::App>();
+  Invocation invocation;  // filled only where a command line is parsed
+  BuildProgram(*program, invocation);
+  return program;
 }
 
 Invocation ParseCommandLine(int argc, const char* const* argv) {
   CLI::App app;
   Invocation invocation;
-  DescribeProgram(app, invocation);
+  BuildProgram(app, invocation);
   RequireKnownCommand(app, argc, argv);
   try {
     app.parse(argc, argv);

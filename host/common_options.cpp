@@ -11,39 +11,37 @@
 
 namespace tslm5::host {
 
-void AddRun(CLI::App& command, std::string& run) {
-  command.add_option("RUN", run, "the run database")->required();
+void AddRun(CommandSpec& command, std::string& run) {
+  command.AddOption("RUN", run, "the run database").Required();
 }
 
-void AddDataSet(CLI::App& command, std::string& set, const std::string& purpose) {
-  command.add_option("--set", set, purpose + " (default training)")
-      ->check(CLI::IsMember({"training", "testing"}))
-      ->type_name("SET");
+void AddDataSet(CommandSpec& command, std::string& set, const std::string& purpose) {
+  command.AddOption("--set", set, purpose + " (default training)")
+      .OneOf({"training", "testing"})
+      .ValueName("SET");
 }
 
-void AddAnyDataSet(CLI::App& command, std::string& set, const std::string& purpose) {
+void AddAnyDataSet(CommandSpec& command, std::string& set, const std::string& purpose) {
   std::vector<std::string> names;
   for (const SetName& one : kSets) names.emplace_back(one.name);
-  command.add_option("--set", set, purpose + " (default training)")
-      ->check(CLI::IsMember(names))
-      ->type_name("SET");
+  command.AddOption("--set", set, purpose + " (default training)").OneOf(names).ValueName("SET");
 }
 
-void AddSeparator(CLI::App& command, std::string& separator) {
+void AddSeparator(CommandSpec& command, std::string& separator) {
   command
-      .add_option("--separator", separator, "what stands between fields (default auto: found out)")
-      ->check(CLI::IsMember({"auto", "none", "space", "tab", "comma", "semicolon", "bar"}))
-      ->type_name("NAME");
+      .AddOption("--separator", separator, "what stands between fields (default auto: found out)")
+      .OneOf({"auto", "none", "space", "tab", "comma", "semicolon", "bar"})
+      .ValueName("NAME");
 }
 
-void AddProblem(CLI::App& command, std::string& problem, const std::string& purpose) {
-  command.add_option("--problem", problem, purpose)
-      ->check(CLI::IsMember({"regression", "classification", "timeseries", "binary"}))
-      ->type_name("NAME");
+void AddProblem(CommandSpec& command, std::string& problem, const std::string& purpose) {
+  command.AddOption("--problem", problem, purpose)
+      .OneOf({"regression", "classification", "timeseries", "binary"})
+      .ValueName("NAME");
 }
 
-CLI::Option* AddJson(CLI::App& command, bool& json) {
-  return command.add_flag("--json", json, "print one JSON object");
+OptionSpec AddJson(CommandSpec& command, bool& json) {
+  return command.AddFlag("--json", json, "print one JSON object");
 }
 
 std::int32_t ProblemCategory(const std::string& name) {

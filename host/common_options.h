@@ -1,31 +1,32 @@
 #ifndef TSLM5_HOST_COMMON_OPTIONS_H_
 #define TSLM5_HOST_COMMON_OPTIONS_H_
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <string>
+
+#include "host/command_spec.h"
 
 namespace tslm5::host {
 
 // The options that several commands have in common, so that they are told in the same words.
 
 /// The run database as the command's first word. `RunName` of it gives the options' value.
-void AddRun(CLI::App& command, std::string& run);
+void AddRun(CommandSpec& command, std::string& run);
 
 /// `--set`, of the training and the testing set.
-void AddDataSet(CLI::App& command, std::string& set, const std::string& purpose);
+void AddDataSet(CommandSpec& command, std::string& set, const std::string& purpose);
 
 /// The same, of every set that a run can hold.
-void AddAnyDataSet(CLI::App& command, std::string& set, const std::string& purpose);
+void AddAnyDataSet(CommandSpec& command, std::string& set, const std::string& purpose);
 
 /// `--separator`; "auto" means to be found out.
-void AddSeparator(CLI::App& command, std::string& separator);
+void AddSeparator(CommandSpec& command, std::string& separator);
 
 /// `--problem`; `ProblemCategory` of it gives the code. `purpose` is its help text.
-void AddProblem(CLI::App& command, std::string& problem, const std::string& purpose);
+void AddProblem(CommandSpec& command, std::string& problem, const std::string& purpose);
 
 /// `--json`. Returns the option.
-CLI::Option* AddJson(CLI::App& command, bool& json);
+OptionSpec AddJson(CommandSpec& command, bool& json);
 
 /// The code (`problem_category`) of a problem as the user names it.
 std::int32_t ProblemCategory(const std::string& name);

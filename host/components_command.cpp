@@ -96,26 +96,25 @@ void RunUnregister(const RegistrationOptions&, Output& output) {
 
 }  // namespace
 
-void AddComponentsCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& components = *app.add_subcommand("components", "List the registered components");
+void AddComponentsCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec components = app.AddCommand("components", "List the registered components");
   const auto words = std::make_shared<ComponentsOptions>();
   AddJson(components, words->json);
-  components.footer(kExamples);
+  components.Footer(kExamples);
   WhenChosen(
       components, invocation, [words] { return *words; }, RunComponents);
 }
 
-void AddRegisterCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& command =
-      *app.add_subcommand("register", "Let programs find the component by its name");
-  command.footer(kExamples);
+void AddRegisterCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec command = app.AddCommand("register", "Let programs find the component by its name");
+  command.Footer(kExamples);
   WhenChosen(
       command, invocation, [] { return RegistrationOptions{}; }, RunRegister);
 }
 
-void AddUnregisterCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& command = *app.add_subcommand("unregister", "Undo tslm5 register");
-  command.footer(kExamples);
+void AddUnregisterCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec command = app.AddCommand("unregister", "Undo tslm5 register");
+  command.Footer(kExamples);
   WhenChosen(
       command, invocation, [] { return RegistrationOptions{}; }, RunUnregister);
 }

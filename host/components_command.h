@@ -14,11 +14,11 @@ struct ComponentsOptions {
 struct RegistrationOptions {};
 
 /// `tslm5 components`, which lists the registered components.
-void AddComponentsCommand(CLI::App& app, Invocation& invocation);
+void AddComponentsCommand(CommandSpec& app, Invocation& invocation);
 /// `tslm5 register`, after which programs find this program's component by name.
-void AddRegisterCommand(CLI::App& app, Invocation& invocation);
+void AddRegisterCommand(CommandSpec& app, Invocation& invocation);
 /// `tslm5 unregister`.
-void AddUnregisterCommand(CLI::App& app, Invocation& invocation);
+void AddUnregisterCommand(CommandSpec& app, Invocation& invocation);
 
 }  // namespace tslm5::host
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 
 #include "host/common_options.h"
 #include "host/embed_run.h"
@@ -83,7 +84,7 @@ void RunEmbed(const EmbedOptions& options, Output& output) {
   output.Write(options.json ? EmbedJson(options, embedded) : EmbedText(options, embedded));
 }
 
-void AddEmbedCommand(CLI::App& app, Invocation& invocation) {
+void AddEmbedCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     std::string run;
     std::string dimension;
@@ -91,21 +92,21 @@ void AddEmbedCommand(CLI::App& app, Invocation& invocation) {
     std::string samples = "0";
     bool json = false;
   };
-  CLI::App& embed = *app.add_subcommand("embed", "Make records of a time series");
+  CommandSpec embed = app.AddCommand("embed", "Make records of a time series");
   const auto words = std::make_shared<Words>();
   AddRun(embed, words->run);
-  embed.add_option("--dimension", words->dimension, "how many earlier values a record holds")
-      ->required()
-      ->type_name("E");
-  embed.add_option("--delay", words->delay, "how many values lie from one of them to the next")
-      ->required()
-      ->type_name("D");
+  embed.AddOption("--dimension", words->dimension, "how many earlier values a record holds")
+      .Required()
+      .ValueName("E");
+  embed.AddOption("--delay", words->delay, "how many values lie from one of them to the next")
+      .Required()
+      .ValueName("D");
   embed
-      .add_option("--testing-samples", words->samples,
-                  "how many values at the end to keep for testing (default 0)")
-      ->type_name("T");
+      .AddOption("--testing-samples", words->samples,
+                 "how many values at the end to keep for testing (default 0)")
+      .ValueName("T");
   AddJson(embed, words->json);
-  embed.footer(kEmbedExamples);
+  embed.Footer(kEmbedExamples);
   const auto make = [words] {
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     EmbedOptions options;

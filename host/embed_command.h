@@ -17,7 +17,7 @@ struct EmbedOptions {
 };
 
 /// `tslm5 embed`.
-void AddEmbedCommand(CLI::App& app, Invocation& invocation);
+void AddEmbedCommand(CommandSpec& app, Invocation& invocation);
 
 void RunEmbed(const EmbedOptions& options, Output& output);
 

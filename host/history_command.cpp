@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <memory>
 #include <vector>
 
 #include "host/common_options.h"
@@ -66,12 +67,12 @@ void RunHistory(const HistoryOptions& options, Output& output) {
                             : HistoryText(options.run, entries));
 }
 
-void AddHistoryCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& history = *app.add_subcommand("history", "Tell what was done to a run, step by step");
+void AddHistoryCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec history = app.AddCommand("history", "Tell what was done to a run, step by step");
   const auto words = std::make_shared<HistoryOptions>();
   AddRun(history, words->run);
   AddJson(history, words->json);
-  history.footer(kHistoryExamples);
+  history.Footer(kHistoryExamples);
   const auto make = [words] { return HistoryOptions{RunName(words->run), words->json}; };
   WhenChosen(history, invocation, make, RunHistory);
 }

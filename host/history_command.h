@@ -13,7 +13,7 @@ struct HistoryOptions {
 };
 
 /// `tslm5 history`.
-void AddHistoryCommand(CLI::App& app, Invocation& invocation);
+void AddHistoryCommand(CommandSpec& app, Invocation& invocation);
 
 void RunHistory(const HistoryOptions& options, Output& output);
 

@@ -1,5 +1,6 @@
 #include "host/history_steps.h"
 
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "host/set_names.h"

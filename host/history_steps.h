@@ -1,7 +1,7 @@
 #ifndef TSLM5_HOST_HISTORY_STEPS_H_
 #define TSLM5_HOST_HISTORY_STEPS_H_
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "host/run_history.h"

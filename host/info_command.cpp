@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -89,12 +90,12 @@ void RunInfo(const InfoOptions& options, Output& output) {
                             : InfoText(options.run, version, sets));
 }
 
-void AddInfoCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& info = *app.add_subcommand("info", "Tell what a run holds");
+void AddInfoCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec info = app.AddCommand("info", "Tell what a run holds");
   const auto words = std::make_shared<InfoOptions>();
   AddRun(info, words->run);
   AddJson(info, words->json);
-  info.footer(kInfoExamples);
+  info.Footer(kInfoExamples);
   const auto make = [words] { return InfoOptions{RunName(words->run), words->json}; };
   WhenChosen(info, invocation, make, RunInfo);
 }

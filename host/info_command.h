@@ -13,7 +13,7 @@ struct InfoOptions {
 };
 
 /// `tslm5 info`.
-void AddInfoCommand(CLI::App& app, Invocation& invocation);
+void AddInfoCommand(CommandSpec& app, Invocation& invocation);
 
 void RunInfo(const InfoOptions& options, Output& output);
 

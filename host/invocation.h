@@ -1,12 +1,12 @@
 #ifndef TSLM5_HOST_INVOCATION_H_
 #define TSLM5_HOST_INVOCATION_H_
 
-#include <CLI/CLI.hpp>
 #include <any>
 #include <functional>
 #include <type_traits>
 #include <utility>
 
+#include "host/command_spec.h"
 #include "host/failure.h"
 #include "host/output.h"
 
@@ -18,15 +18,15 @@ struct Invocation {
   std::function<ExitCode(Output&)> run;  ///< raises `Failure` or the component's `Error`
 };
 
-/// Describes one command of the program to `app`. When the command line names it, `invocation` is
+/// Describes one command to `program`. When the command line names it, `invocation` is
 /// filled. Raises `Failure`, wrong usage, then.
-using AddCommand = void (*)(CLI::App& app, Invocation& invocation);
+using AddCommand = void (*)(CommandSpec& program, Invocation& invocation);
 
 /// What is to happen when `command` was chosen: `make` gives its options, `run` does its work and
 /// returns an exit code, or nothing where there is no other end than success.
 template <class Make, class Run>
-void WhenChosen(CLI::App& command, Invocation& invocation, Make make, Run run) {
-  command.callback([&invocation, make, run] {
+void WhenChosen(CommandSpec& command, Invocation& invocation, Make make, Run run) {
+  command.WhenRead([&invocation, make, run] {
     auto options = make();
     invocation.options = options;
     invocation.run = [options, run](Output& output) {

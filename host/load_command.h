@@ -38,7 +38,7 @@ struct LoadOptions {
 };
 
 /// `tslm5 load`.
-void AddLoadCommand(CLI::App& app, Invocation& invocation);
+void AddLoadCommand(CommandSpec& app, Invocation& invocation);
 
 /// The words of the command line that loads the same again, `separator` having been found out.
 std::vector<std::string> LoadWords(const LoadOptions& options, const Separator& separator);

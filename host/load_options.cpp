@@ -151,51 +151,51 @@ LoadOptions MakeOptions(const Words& words) {
   return options;
 }
 
-void AddPreparation(CLI::App& load, Words& words) {
-  load.add_option("--response", words.response,
-                  "the column to predict, moved to the end (default: the last)")
-      ->type_name("LABEL");
+void AddPreparation(CommandSpec& load, Words& words) {
+  load.AddOption("--response", words.response,
+                 "the column to predict, moved to the end (default: the last)")
+      .ValueName("LABEL");
   AddProblem(load, words.problem,
              "what the run is for (default: classification for a response of words, else "
              "regression)");
-  load.add_option("--testing", words.testing, "a second file, for the testing set")
-      ->type_name("FILE");
-  load.add_option("--testing-share", words.testing_share,
-                  "draw this share of the records for the testing set, 0.3 say")
-      ->type_name("SHARE");
-  load.add_option("--seed", words.seed, "what the records are drawn with (default 1)")
-      ->type_name("N");
-  load.add_option("--normalize", words.normalize,
-                  "none, zscore, minmax or range:A:B, by the training set's figures")
-      ->type_name("SCALE");
-  load.add_option("--positive-class", words.positive_class,
-                  "the class of the response that becomes 1, every other 0")
-      ->type_name("TEXT");
-  load.add_option("--missing", words.missing, "more words that stand for a missing value")
-      ->type_name("TOKEN,...")
-      ->allow_extra_args(false);
+  load.AddOption("--testing", words.testing, "a second file, for the testing set")
+      .ValueName("FILE");
+  load.AddOption("--testing-share", words.testing_share,
+                 "draw this share of the records for the testing set, 0.3 say")
+      .ValueName("SHARE");
+  load.AddOption("--seed", words.seed, "what the records are drawn with (default 1)")
+      .ValueName("N");
+  load.AddOption("--normalize", words.normalize,
+                 "none, zscore, minmax or range:A:B, by the training set's figures")
+      .ValueName("SCALE");
+  load.AddOption("--positive-class", words.positive_class,
+                 "the class of the response that becomes 1, every other 0")
+      .ValueName("TEXT");
+  load.AddOption("--missing", words.missing, "more words that stand for a missing value")
+      .ValueName("TOKEN,...")
+      .OneValueEach();
 }
 
 }  // namespace
 
-void AddLoadCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& load = *app.add_subcommand("load", "Load a delimited text file into a run");
+void AddLoadCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec load = app.AddCommand("load", "Load a delimited text file into a run");
   const auto words = std::make_shared<Words>();
-  load.add_option("FILE", words->file, "the text file")->required();
-  load.add_option("--run", words->run, "the run database; made when it is missing")
-      ->required()
-      ->type_name("RUN.db");
+  load.AddOption("FILE", words->file, "the text file").Required();
+  load.AddOption("--run", words->run, "the run database; made when it is missing")
+      .Required()
+      .ValueName("RUN.db");
   AddDataSet(load, words->set, "the set to fill");
   AddSeparator(load, words->separator);
-  load.add_flag("--no-labels", words->no_labels, "the first line is a record, not the labels");
-  load.add_option("--layout", words->layout, "what a line holds (default rows: a record)")
-      ->check(CLI::IsMember({"rows", "columns"}))
-      ->type_name("NAME");
+  load.AddFlag("--no-labels", words->no_labels, "the first line is a record, not the labels");
+  load.AddOption("--layout", words->layout, "what a line holds (default rows: a record)")
+      .OneOf({"rows", "columns"})
+      .ValueName("NAME");
   AddPreparation(load, *words);
-  load.add_flag("--no-check", words->no_check, "load without the data check");
-  load.add_flag("--no-stats", words->no_statistics, "do not compute the statistics of the columns");
+  load.AddFlag("--no-check", words->no_check, "load without the data check");
+  load.AddFlag("--no-stats", words->no_statistics, "do not compute the statistics of the columns");
   AddJson(load, words->json);
-  load.footer(kLoadExamples);
+  load.Footer(kLoadExamples);
   WhenChosen(
       load, invocation, [words] { return MakeOptions(*words); }, RunLoad);
 }

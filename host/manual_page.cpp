@@ -85,17 +85,18 @@ std::string Command(const CommandWords& command) {
 }  // namespace
 
 std::string ManualPage(const CLI::App& program, const std::string& version) {
+  const CommandWords words = WordsOf(program);
   const std::vector<CommandWords> commands = CommandsOf(program);
   std::string page =
       fmt::format(".TH TSLM5 1 \"\" \"tslm5 {}\" \"User commands\"\n", Plain(version));
-  page += fmt::format(".SH NAME\ntslm5 \\- {}\n", Plain(program.get_description()));
+  page += fmt::format(".SH NAME\ntslm5 \\- {}\n", Plain(words.help));
   page += ".SH SYNOPSIS\n";
   for (const CommandWords& command : commands) page += Synopsis(command);
   page += ".SH COMMANDS\n";
   for (const CommandWords& command : commands) page += Command(command);
   page += ".SH OPTIONS\n";
-  for (const OptionWords& option : OptionsOf(program)) page += Option(option);
-  page += fmt::format(".SH NOTES\n.nf\n{}\n.fi\n", Plain(program.get_footer()));
+  for (const OptionWords& option : words.options) page += Option(option);
+  page += fmt::format(".SH NOTES\n.nf\n{}\n.fi\n", Plain(words.footer));
   page +=
       ".SH ENVIRONMENT\n"
       ".TP\n\\fBLC_ALL\\fR, \\fBLC_NUMERIC\\fR, \\fBLANG\\fR\n"

@@ -1,8 +1,11 @@
 #ifndef TSLM5_HOST_MANUAL_PAGE_H_
 #define TSLM5_HOST_MANUAL_PAGE_H_
 
-#include <CLI/CLI.hpp>
 #include <string>
+
+namespace CLI {
+class App;
+}
 
 namespace tslm5::host {
 

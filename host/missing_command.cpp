@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "host/common_options.h"
 #include "host/failure.h"
@@ -162,33 +163,32 @@ void RunMissing(const MissingOptions& options, Output& output) {
   }
 }
 
-void AddMissingCommand(CLI::App& app, Invocation& invocation) {
+void AddMissingCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     MissingOptions options;
     std::string column;
     bool no_statistics = false;
   };
-  CLI::App& missing =
-      *app.add_subcommand("missing", "Show a run's missing values and replace them");
+  CommandSpec missing = app.AddCommand("missing", "Show a run's missing values and replace them");
   const auto words = std::make_shared<Words>();
   AddRun(missing, words->options.run);
-  const CLI::Option* column =
-      missing.add_option("COLUMN", words->column, "a label, or d0, d1, ... (default: all)");
+  const OptionSpec column =
+      missing.AddOption("COLUMN", words->column, "a label, or d0, d1, ... (default: all)");
   missing
-      .add_option("--replace", words->options.replacements,
-                  "what a token stands for: mean, median, min, max, a number, the name of a "
-                  "category, or none")
-      ->type_name("TOKEN=VALUE");
-  missing.add_flag("--apply", words->options.applies, "write the replacements into the data");
-  missing.add_flag("--no-stats", words->no_statistics,
-                   "do not compute the statistics of the columns anew");
+      .AddOption("--replace", words->options.replacements,
+                 "what a token stands for: mean, median, min, max, a number, the name of a "
+                 "category, or none")
+      .ValueName("TOKEN=VALUE");
+  missing.AddFlag("--apply", words->options.applies, "write the replacements into the data");
+  missing.AddFlag("--no-stats", words->no_statistics,
+                  "do not compute the statistics of the columns anew");
   AddJson(missing, words->options.json);
-  missing.footer(kMissingExamples);
+  missing.Footer(kMissingExamples);
   const auto make = [words, column] {
     MissingOptions options = words->options;
     options.run = RunName(options.run);
     options.statistics = !words->no_statistics;
-    if (column->count() > 0) options.column = words->column;
+    if (column.IsGiven()) options.column = words->column;
     if (!options.column && !options.replacements.empty()) {
       throw Failure(ExitCode::kUsage, "--replace needs COLUMN, the column of the token");
     }

@@ -19,7 +19,7 @@ struct MissingOptions {
 };
 
 /// `tslm5 missing`.
-void AddMissingCommand(CLI::App& app, Invocation& invocation);
+void AddMissingCommand(CommandSpec& app, Invocation& invocation);
 
 void RunMissing(const MissingOptions& options, Output& output);
 

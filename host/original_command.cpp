@@ -88,27 +88,27 @@ void RunOriginal(const OriginalOptions& options, Output& output) {
   WriteRecords(std::move(selection), view.DataSet().Rows(), options.records, output);
 }
 
-void AddOriginalCommand(CLI::App& app, Invocation& invocation) {
+void AddOriginalCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     OriginalOptions options;
     RecordWords records;
   };
-  CLI::App& original =
-      *app.add_subcommand("original", "Print the texts from which a set's numbers were made");
+  CommandSpec original =
+      app.AddCommand("original", "Print the texts from which a set's numbers were made");
   const auto words = std::make_shared<Words>();
   AddRun(original, words->options.run);
   std::vector<std::string> names;
   for (const OriginalSet& set : kOriginalSets) names.emplace_back(set.name);
   original
-      .add_option("--set", words->options.set_name,
-                  "the records to print: of a set, of both one after the other, or all that the "
-                  "run keeps (default training)")
-      ->check(CLI::IsMember(names))
-      ->type_name("SET");
-  original.add_flag("--binarise", words->options.binarise,
-                    "print the response as 1 for its largest class and 0 for the others");
+      .AddOption("--set", words->options.set_name,
+                 "the records to print: of a set, of both one after the other, or all that the "
+                 "run keeps (default training)")
+      .OneOf(names)
+      .ValueName("SET");
+  original.AddFlag("--binarise", words->options.binarise,
+                   "print the response as 1 for its largest class and 0 for the others");
   AddRecordOptions(original, words->records);
-  original.footer(kOriginalExamples);
+  original.Footer(kOriginalExamples);
   const auto make = [words] {
     OriginalOptions options = words->options;
     options.run = RunName(options.run);

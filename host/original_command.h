@@ -19,7 +19,7 @@ struct OriginalOptions {
 };
 
 /// `tslm5 original`.
-void AddOriginalCommand(CLI::App& app, Invocation& invocation);
+void AddOriginalCommand(CommandSpec& app, Invocation& invocation);
 
 void RunOriginal(const OriginalOptions& options, Output& output);
 

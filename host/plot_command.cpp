@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "host/common_options.h"
@@ -81,38 +82,38 @@ void RunPlot(const PlotOptions& options, Output& output) {
   output.Write(fmt::format("{}, is drawn in {}\n", title, Escaped(options.picture)));
 }
 
-void AddPlotCommand(CLI::App& app, Invocation& invocation) {
+void AddPlotCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     PlotOptions options;
     std::string set = "training";
     std::string width;
     std::string height;
   };
-  CLI::App& plot = *app.add_subcommand("plot", "Draw a column of a set");
+  CommandSpec plot = app.AddCommand("plot", "Draw a column of a set");
   const auto words = std::make_shared<Words>();
   AddRun(plot, words->options.run);
-  plot.add_option("COLUMN", words->options.column, "its label, or d0, d1, ...")->required();
+  plot.AddOption("COLUMN", words->options.column, "its label, or d0, d1, ...").Required();
   AddAnyDataSet(plot, words->set, "the set to draw from");
-  CLI::Option* width =
-      plot.add_option("--width", words->width, "in characters (default: the terminal's, else 80)")
-          ->type_name("W");
-  CLI::Option* height =
-      plot.add_option("--height", words->height, "in lines (default 17)")->type_name("H");
-  plot.add_option("--svg", words->options.picture, "write a picture instead")
-      ->type_name("FILE")
-      ->excludes(width)
-      ->excludes(height);
-  plot.add_flag("--force", words->options.force, "replace a file that is no plot");
-  plot.footer(kPlotExamples);
+  const OptionSpec width =
+      plot.AddOption("--width", words->width, "in characters (default: the terminal's, else 80)")
+          .ValueName("W");
+  const OptionSpec height =
+      plot.AddOption("--height", words->height, "in lines (default 17)").ValueName("H");
+  plot.AddOption("--svg", words->options.picture, "write a picture instead")
+      .ValueName("FILE")
+      .Excludes(width)
+      .Excludes(height);
+  plot.AddFlag("--force", words->options.force, "replace a file that is no plot");
+  plot.Footer(kPlotExamples);
   const auto make = [words, width, height] {
     PlotOptions options = words->options;
     options.run = RunName(options.run);
     options.set = FindSet(words->set);
-    if (width->count() > 0) {
+    if (width.IsGiven()) {
       options.width =
           ParseWhole("--width", words->width, kSmallestChart.width, kLargestChart.width);
     }
-    if (height->count() > 0) {
+    if (height.IsGiven()) {
       options.height =
           ParseWhole("--height", words->height, kSmallestChart.height, kLargestChart.height);
     }

@@ -21,7 +21,7 @@ struct PlotOptions {
 };
 
 /// `tslm5 plot`.
-void AddPlotCommand(CLI::App& app, Invocation& invocation);
+void AddPlotCommand(CommandSpec& app, Invocation& invocation);
 
 void RunPlot(const PlotOptions& options, Output& output);
 

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <nlohmann/json.hpp>
+
 #include "host/common_options.h"
 #include "host/label_list.h"
 #include "host/shown_text.h"

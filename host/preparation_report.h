@@ -1,7 +1,7 @@
 #ifndef TSLM5_HOST_PREPARATION_REPORT_H_
 #define TSLM5_HOST_PREPARATION_REPORT_H_
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "host/prepared_load.h"

@@ -1,5 +1,6 @@
 #include "host/program_words.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <string_view>
 
@@ -51,12 +52,15 @@ std::vector<OptionWords> OptionsOf(const CLI::App& app) {
   return options;
 }
 
+CommandWords WordsOf(const CLI::App& app) {
+  return {app.get_name(), app.get_description(), app.get_footer(), OptionsOf(app)};
+}
+
 std::vector<CommandWords> CommandsOf(const CLI::App& program) {
   std::vector<CommandWords> commands;
   const auto all = [](const CLI::App*) { return true; };
   for (const CLI::App* command : program.get_subcommands(all)) {
-    commands.push_back({command->get_name(), command->get_description(), command->get_footer(),
-                        OptionsOf(*command)});
+    commands.push_back(WordsOf(*command));
   }
   return commands;
 }

@@ -1,9 +1,12 @@
 #ifndef TSLM5_HOST_PROGRAM_WORDS_H_
 #define TSLM5_HOST_PROGRAM_WORDS_H_
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace tslm5::host {
 
@@ -19,16 +22,19 @@ struct OptionWords {
   bool is_repeated = false;  ///< takes more than one value
 };
 
-/// One command of the program; the program itself has no options but --help and --version.
+/// One command, or the program itself, which has no options but --help and --version.
 struct CommandWords {
   std::string name;
   std::string help;
   std::string footer;
-  std::vector<OptionWords> options;
+  std::vector<OptionWords> options;  ///< positional ones first
 };
 
 /// The options of one command, or of the program: positional words first.
 std::vector<OptionWords> OptionsOf(const CLI::App& app);
+
+/// One command, or the program.
+CommandWords WordsOf(const CLI::App& app);
 
 /// Every command in the order of the table.
 std::vector<CommandWords> CommandsOf(const CLI::App& program);

@@ -35,17 +35,17 @@ RecordOptions RecordWords::Read() const {
   return options;
 }
 
-void AddRecordOptions(CLI::App& command, RecordWords& words) {
-  command.add_option("--rows", words.rows, "A:B, A:, :B or A; counted from 1, both ends included")
-      ->type_name("RANGE");
-  command.add_option("--columns", words.columns, "labels, or d0, d1, ...; separated by commas")
-      ->type_name("LABEL,...")
-      ->allow_extra_args(false);
-  CLI::Option* format =
-      command.add_option("--format", words.format, "how to print (default table)")
-          ->check(CLI::IsMember({"table", "csv", "json"}))
-          ->type_name("NAME");
-  command.add_flag("--json", words.json, "the same as --format json")->excludes(format);
+void AddRecordOptions(CommandSpec& command, RecordWords& words) {
+  command.AddOption("--rows", words.rows, "A:B, A:, :B or A; counted from 1, both ends included")
+      .ValueName("RANGE");
+  command.AddOption("--columns", words.columns, "labels, or d0, d1, ...; separated by commas")
+      .ValueName("LABEL,...")
+      .OneValueEach();
+  const OptionSpec format =
+      command.AddOption("--format", words.format, "how to print (default table)")
+          .OneOf({"table", "csv", "json"})
+          .ValueName("NAME");
+  command.AddFlag("--json", words.json, "the same as --format json").Excludes(format);
 }
 
 void WriteRecords(Selection selection, std::int32_t rows, const RecordOptions& options,

@@ -1,12 +1,12 @@
 #ifndef TSLM5_HOST_RECORD_OPTIONS_H_
 #define TSLM5_HOST_RECORD_OPTIONS_H_
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "host/command_spec.h"
 #include "host/output.h"
 #include "host/record_output.h"
 #include "host/row_range.h"
@@ -34,7 +34,7 @@ struct RecordWords {
 };
 
 /// `--rows`, `--columns`, `--format` and `--json`.
-void AddRecordOptions(CLI::App& command, RecordWords& words);
+void AddRecordOptions(CommandSpec& command, RecordWords& words);
 
 /// Writes of a selection, which is of all `rows` rows of its set, those that are asked for; below a
 /// table, how many more there are. Raises `Failure`, wrong usage, for rows beyond the set.

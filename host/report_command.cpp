@@ -38,14 +38,14 @@ void RunReport(const ReportOptions& options, Output& output) {
       fmt::format("{} is the report of {}\n", Escaped(options.page), Escaped(options.run)));
 }
 
-void AddReportCommand(CLI::App& app, Invocation& invocation) {
-  CLI::App& report =
-      *app.add_subcommand("report", "Write a page that tells of a run, to look at and to print");
+void AddReportCommand(CommandSpec& app, Invocation& invocation) {
+  CommandSpec report =
+      app.AddCommand("report", "Write a page that tells of a run, to look at and to print");
   const auto words = std::make_shared<ReportOptions>();
   AddRun(report, words->run);
-  report.add_option("-o,--output", words->page, "the page to write")->required()->type_name("FILE");
-  report.add_flag("--force", words->force, "replace a file that is no report");
-  report.footer(kReportExamples);
+  report.AddOption("-o,--output", words->page, "the page to write").Required().ValueName("FILE");
+  report.AddFlag("--force", words->force, "replace a file that is no report");
+  report.Footer(kReportExamples);
   const auto make = [words] {
     return ReportOptions{RunName(words->run), words->page, words->force};
   };

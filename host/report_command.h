@@ -14,7 +14,7 @@ struct ReportOptions {
 };
 
 /// `tslm5 report`.
-void AddReportCommand(CLI::App& app, Invocation& invocation);
+void AddReportCommand(CommandSpec& app, Invocation& invocation);
 
 void RunReport(const ReportOptions& options, Output& output);
 

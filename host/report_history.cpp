@@ -1,6 +1,8 @@
 // The part of report_sections.h that tells what was done to the run.
 #include <fmt/format.h>
 
+#include <nlohmann/json.hpp>
+
 #include "host/history_steps.h"
 #include "host/html_text.h"
 #include "host/report_sections.h"

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <memory>
+
 #include "host/common_options.h"
 #include "host/interruption.h"
 #include "host/json_text.h"
@@ -129,12 +131,12 @@ std::string ResetJson(const ResetOptions& options, const ResetRun& done) {
                    {"backupRows", done.backup_rows}});
 }
 
-void AddStep(CLI::App& app, Invocation& invocation, Step step, const char* purpose) {
-  CLI::App& command = *app.add_subcommand(NameOf(step), purpose);
+void AddStep(CommandSpec& app, Invocation& invocation, Step step, const char* purpose) {
+  CommandSpec command = app.AddCommand(NameOf(step), purpose);
   const auto words = std::make_shared<ResetOptions>();
   AddRun(command, words->run);
   AddJson(command, words->json);
-  command.footer(kResetExamples);
+  command.Footer(kResetExamples);
   const auto make = [words, step] { return ResetOptions{step, RunName(words->run), words->json}; };
   WhenChosen(command, invocation, make, RunReset);
 }
@@ -150,15 +152,15 @@ void RunReset(const ResetOptions& options, Output& output) {
   output.Write(options.json ? ResetJson(options, done) : ResetText(options, done));
 }
 
-void AddResetCommand(CLI::App& app, Invocation& invocation) {
+void AddResetCommand(CommandSpec& app, Invocation& invocation) {
   AddStep(app, invocation, Step::kReset, "Make the testing records the training set");
 }
 
-void AddUndoCommand(CLI::App& app, Invocation& invocation) {
+void AddUndoCommand(CommandSpec& app, Invocation& invocation) {
   AddStep(app, invocation, Step::kUndo, "Bring the training set of before a reset back");
 }
 
-void AddKeepCommand(CLI::App& app, Invocation& invocation) {
+void AddKeepCommand(CommandSpec& app, Invocation& invocation) {
   AddStep(app, invocation, Step::kKeep, "Make a reset final");
 }
 

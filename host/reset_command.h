@@ -17,9 +17,9 @@ struct ResetOptions {
 
 /// `tslm5 reset`, `tslm5 undo` and `tslm5 keep`: the testing records become the training set, the
 /// former one comes back, or it is let go.
-void AddResetCommand(CLI::App& app, Invocation& invocation);
-void AddUndoCommand(CLI::App& app, Invocation& invocation);
-void AddKeepCommand(CLI::App& app, Invocation& invocation);
+void AddResetCommand(CommandSpec& app, Invocation& invocation);
+void AddUndoCommand(CommandSpec& app, Invocation& invocation);
+void AddKeepCommand(CommandSpec& app, Invocation& invocation);
 
 /// Does the step in one transaction: records, labels, statistics, history. Raises `Failure`,
 /// refused, when there is nothing to do.

@@ -99,24 +99,24 @@ void RunShow(const ShowOptions& options, Output& output) {
   WriteRecords(std::move(selection), data_set->Rows(), options.records, output);
 }
 
-void AddShowCommand(CLI::App& app, Invocation& invocation) {
+void AddShowCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     ShowOptions options;
     std::string set = "training";
     RecordWords records;
   };
-  CLI::App& show = *app.add_subcommand("show", "Print the records of a set");
+  CommandSpec show = app.AddCommand("show", "Print the records of a set");
   const auto words = std::make_shared<Words>();
   AddRun(show, words->options.run);
   std::vector<std::string> names;
   for (const SetName& set : kSets) names.emplace_back(set.name);
-  show.add_option("--set", words->set, "the set to print (default training)")
-      ->check(CLI::IsMember(names))
-      ->type_name("SET");
+  show.AddOption("--set", words->set, "the set to print (default training)")
+      .OneOf(names)
+      .ValueName("SET");
   AddRecordOptions(show, words->records);
-  show.add_flag("--original", words->options.originals,
-                "show the untransformed text beside each number");
-  show.footer(kShowExamples);
+  show.AddFlag("--original", words->options.originals,
+               "show the untransformed text beside each number");
+  show.Footer(kShowExamples);
   const auto make = [words] {
     ShowOptions options = words->options;
     options.run = RunName(options.run);

@@ -17,7 +17,7 @@ struct ShowOptions {
 };
 
 /// `tslm5 show`.
-void AddShowCommand(CLI::App& app, Invocation& invocation);
+void AddShowCommand(CommandSpec& app, Invocation& invocation);
 
 void RunShow(const ShowOptions& options, Output& output);
 

@@ -1,7 +1,9 @@
 #include "host/stats_command.h"
 
 #include <fmt/format.h>
+
 #include <unistd.h>
+#include <memory>
 
 #include "host/common_options.h"
 #include "host/failure.h"
@@ -69,18 +71,18 @@ void RunStats(const StatsOptions& options, Output& output) {
   output.Write(StatsText(report));
 }
 
-void AddStatsCommand(CLI::App& app, Invocation& invocation) {
+void AddStatsCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     StatsOptions options;
     std::string set = "training";
   };
-  CLI::App& stats = *app.add_subcommand("stats", "Print the statistics of a set's columns");
+  CommandSpec stats = app.AddCommand("stats", "Print the statistics of a set's columns");
   const auto words = std::make_shared<Words>();
   AddRun(stats, words->options.run);
   AddAnyDataSet(stats, words->set, "the set to describe");
-  stats.add_flag("--by-class", words->options.by_class, "the same for each class of the response");
+  stats.AddFlag("--by-class", words->options.by_class, "the same for each class of the response");
   AddJson(stats, words->options.json);
-  stats.footer(kStatsExamples);
+  stats.Footer(kStatsExamples);
   const auto make = [words] {
     StatsOptions options = words->options;
     options.run = RunName(options.run);

@@ -16,7 +16,7 @@ struct StatsOptions {
 };
 
 /// `tslm5 stats`.
-void AddStatsCommand(CLI::App& app, Invocation& invocation);
+void AddStatsCommand(CommandSpec& app, Invocation& invocation);
 
 void RunStats(const StatsOptions& options, Output& output);
 

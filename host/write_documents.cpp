@@ -14,13 +14,11 @@ namespace {
 
 /// Writes the three documents into `folder`. Raises what goes wrong.
 void WriteDocuments(const std::string& folder) {
-  CLI::App program;
-  tslm5::host::Invocation invocation;
-  tslm5::host::DescribeProgram(program, invocation);
+  const auto program = tslm5::host::DescribeProgram();
   const std::pair<const char*, std::string> documents[] = {
-      {"tslm5.1", tslm5::host::ManualPage(program, TSLM5_VERSION)},
-      {"tslm5.bash", tslm5::host::BashCompletion(program)},
-      {"_tslm5", tslm5::host::ZshCompletion(program)},
+      {"tslm5.1", tslm5::host::ManualPage(*program, TSLM5_VERSION)},
+      {"tslm5.bash", tslm5::host::BashCompletion(*program)},
+      {"_tslm5", tslm5::host::ZshCompletion(*program)},
   };
   for (const auto& [name, text] : documents) {
     std::ofstream file(folder + "/" + name, std::ios::binary);

@@ -12,10 +12,8 @@ namespace {
 
 class ProgramWords : public ::testing::Test {
  protected:
-  ProgramWords() { DescribeProgram(program_, invocation_); }
-
   CommandWords Command(const std::string& name) const {
-    for (const CommandWords& command : CommandsOf(program_)) {
+    for (const CommandWords& command : CommandsOf(*program_)) {
       if (command.name == name) return command;
     }
     ADD_FAILURE() << "no command " << name;
@@ -30,8 +28,7 @@ class ProgramWords : public ::testing::Test {
     return {};
   }
 
-  Invocation invocation_;
-  CLI::App program_;
+  const std::shared_ptr<const CLI::App> program_ = DescribeProgram();
 };
 
 TEST_F(ProgramWords, AreThoseOfTheOptions) {
@@ -52,9 +49,9 @@ TEST_F(ProgramWords, AreThoseOfTheOptions) {
 }
 
 TEST_F(ProgramWords, AreAllInTheManualPage) {
-  const std::string page = ManualPage(program_, "1.2.3");
+  const std::string page = ManualPage(*program_, "1.2.3");
   EXPECT_EQ(page.find(".TH TSLM5 1 \"\" \"tslm5 1.2.3\" "), 0U);
-  for (const CommandWords& command : CommandsOf(program_)) {
+  for (const CommandWords& command : CommandsOf(*program_)) {
     EXPECT_NE(page.find(".SS tslm5 " + command.name + "\n"), std::string::npos);
     for (const OptionWords& option : command.options) {
       std::string name;
@@ -65,9 +62,9 @@ TEST_F(ProgramWords, AreAllInTheManualPage) {
 }
 
 TEST_F(ProgramWords, AreAllInTheCompletions) {
-  const std::string bash = BashCompletion(program_);
-  const std::string zsh = ZshCompletion(program_);
-  for (const CommandWords& command : CommandsOf(program_)) {
+  const std::string bash = BashCompletion(*program_);
+  const std::string zsh = ZshCompletion(*program_);
+  for (const CommandWords& command : CommandsOf(*program_)) {
     EXPECT_NE(bash.find("    " + command.name + ")\n"), std::string::npos) << command.name;
     EXPECT_NE(zsh.find("    " + command.name + ")\n"), std::string::npos) << command.name;
     for (const OptionWords& option : command.options) {
