@@ -11,6 +11,7 @@ function(tslm5_room)
     target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/include"
                                                 "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${target} PUBLIC ${ROOM_DEPENDS} PRIVATE tslm5_flags)
+    target_precompile_headers(${target} REUSE_FROM precompiled_rooms)
   else()
     add_library(${target} INTERFACE)
     target_include_directories(${target} INTERFACE "${PROJECT_SOURCE_DIR}/include"
@@ -22,8 +23,8 @@ function(tslm5_room)
     list(TRANSFORM ROOM_TESTS PREPEND "${PROJECT_SOURCE_DIR}/tests/${ROOM_NAME}/")
     add_executable(${ROOM_NAME}_tests ${ROOM_TESTS})
     target_include_directories(${ROOM_NAME}_tests PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-    target_link_libraries(${ROOM_NAME}_tests PRIVATE ${target} ${ROOM_TEST_DEPENDS} tslm5_flags
-                                                     GTest::gmock_main)
+    target_link_libraries(${ROOM_NAME}_tests PRIVATE ${target} ${ROOM_TEST_DEPENDS})
+    tslm5_test_program(${ROOM_NAME}_tests)
     gtest_discover_tests(${ROOM_NAME}_tests DISCOVERY_MODE PRE_TEST
                          WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
   endif()
