@@ -6,6 +6,7 @@
 #include "datasetlite/data_set_lite.h"
 #include "inmemory/in_memory_set.h"
 #include "original/original_data_set.h"
+#include "platform/only_errors.h"
 #include "storage/run_tables.h"
 #include "tslm5/platform/object.h"
 
@@ -39,7 +40,7 @@ class ClassObject final : public CountedObject<IClassFactory> {
   explicit ClassObject(Make make) : make_(make) {}
 
   std::string_view TypeName() override { return "ClassObject"; }
-  Ref<IUnknown> CreateInstance() override { return make_(); }
+  Ref<IUnknown> CreateInstance() override { return OnlyErrors(make_); }
   void LockServer(bool pLock) override {
     if (pLock) {
       ++server_locks;

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/only_errors.h"
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
@@ -18,10 +19,18 @@ class ParseEventArgs final : public CountedObject<IParseEventArgs> {
   void put_Cancel(bool pCancel) override { cancel_ = pCancel; }
   std::int32_t Columns() override { return columns_; }
   void put_Columns(std::int32_t pColumns) override { columns_ = pColumns; }
-  std::string Source() override { return source_; }
-  void put_Source(std::string_view pSource) override { source_ = pSource; }
-  std::string Message() override { return message_; }
-  void put_Message(std::string_view pMessage) override { message_ = pMessage; }
+  std::string Source() override {
+    return OnlyErrors([&] { return source_; });
+  }
+  void put_Source(std::string_view pSource) override {
+    OnlyErrors([&] { source_ = pSource; });
+  }
+  std::string Message() override {
+    return OnlyErrors([&] { return message_; });
+  }
+  void put_Message(std::string_view pMessage) override {
+    OnlyErrors([&] { message_ = pMessage; });
+  }
   std::int32_t Rows() override { return rows_; }
   void put_Rows(std::int32_t pRows) override { rows_ = pRows; }
   std::int32_t ParseType() override { return parse_type_; }

@@ -10,6 +10,7 @@
 #include "datasetlite/file_loading.h"
 #include "datasetlite/record_access.h"
 #include "datasetlite/run_labels.h"
+#include "platform/only_errors.h"
 #include "support/math_helper.h"
 #include "support/separators.h"
 #include "tslm5/contracts/codes.h"
@@ -28,40 +29,28 @@ bool DataSetFacet::HasLabels() {
 }
 
 std::int32_t DataSetFacet::Rows() {
-  try {
-    return state_.Rows();
-  } catch (const Error&) {
-    return 0;
-  }
+  return OrEmpty([&] { return state_.Rows(); });
 }
 
 std::int32_t DataSetFacet::Columns() {
-  try {
-    return RecordAccess::Columns(state_);
-  } catch (const Error&) {
-    return 0;
-  }
+  return OrEmpty([&] { return RecordAccess::Columns(state_); });
 }
 
 std::int32_t DataSetFacet::TerminalCount() {
-  try {
-    return std::max(RecordAccess::Columns(state_) - 1, 0);
-  } catch (const Error&) {
-    return 0;
-  }
+  return OrEmpty([&] { return std::max(RecordAccess::Columns(state_) - 1, 0); });
 }
 
 std::string DataSetFacet::IndependentVarsPrefix() {
-  return state_.independent_vars_prefix;
+  return OnlyErrors([&] { return state_.independent_vars_prefix; });
 }
 void DataSetFacet::put_IndependentVarsPrefix(std::string_view pPrefix) {
-  state_.independent_vars_prefix = pPrefix;
+  OnlyErrors([&] { state_.independent_vars_prefix = pPrefix; });
 }
 std::string DataSetFacet::DependentVarName() {
-  return state_.dependent_var_name;
+  return OnlyErrors([&] { return state_.dependent_var_name; });
 }
 void DataSetFacet::put_DependentVarName(std::string_view pName) {
-  state_.dependent_var_name = pName;
+  OnlyErrors([&] { state_.dependent_var_name = pName; });
 }
 bool DataSetFacet::IsReady() {
   return state_.is_ready;
@@ -78,23 +67,26 @@ std::string DataSetFacet::Name() {
   }
 }
 
-std::string DataSetFacet::SetProperty(std::string_view pValue, std::string_view pKey) {
+std::string DataSetFacet::SetProperty(std::string_view pValue, std::string_view pKey) try {
   state_.properties.Put(pKey, pValue);
   state_.is_dirty = true;
   return std::string(pKey);
+} catch (...) {
+  RaiseAsError();
 }
 
 std::string DataSetFacet::GetProperty(std::string_view pKey) {
-  return state_.properties.Find(pKey);
+  return OnlyErrors([&] { return state_.properties.Find(pKey); });
 }
 
 void DataSetFacet::ResetProperties() {
-  state_.properties.Clear();
+  OnlyErrors([&] { state_.properties.Clear(); });
 }
 
 void DataSetFacet::Parse(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels,
                          std::int32_t pDataSetType, std::int32_t pLayout) {
-  FileLoading(state_).Parse(pFileName, pSeparator, pHasLabels, pDataSetType, pLayout);
+  OnlyErrors(
+      [&] { FileLoading(state_).Parse(pFileName, pSeparator, pHasLabels, pDataSetType, pLayout); });
 }
 
 // Carried for the interface's sake: a `DataSetLite` loads from files.
@@ -102,21 +94,23 @@ void DataSetFacet::ParseString(std::string&, std::int32_t, bool, std::int32_t, s
                                IParseEventArgs*) {}
 
 void DataSetFacet::Replace(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels) {
-  FileLoading(state_).Replace(pFileName, pSeparator, pHasLabels);
+  OnlyErrors([&] { FileLoading(state_).Replace(pFileName, pSeparator, pHasLabels); });
 }
 
 bool DataSetFacet::SetData(IUnknown* pSource, std::int32_t pDataSetType) {
-  return DataSetLoading(state_).SetData(pSource, pDataSetType);
+  return OnlyErrors([&] { return DataSetLoading(state_).SetData(pSource, pDataSetType); });
 }
 
 bool DataSetFacet::IsValidDataSet(std::string_view pDataFilePath, bool pHasLabels,
-                                  std::int32_t& pSeparator, std::string& outMessage) {
+                                  std::int32_t& pSeparator, std::string& outMessage) try {
   const Ref<IDataSet> keep_alive(this);  // a handler may let go of the set
   DataCheckRules rules;
   rules.checks_response = state_.problem_category == problem_category::kClassification ||
                           state_.problem_category == problem_category::kFurtherClassification;
   SinkDataCheckListener<IDataSetLiteEvents> listener(state_.sinks);
   return CheckDataFile(pDataFilePath, pHasLabels, pSeparator, rules, listener, outMessage);
+} catch (...) {
+  RaiseAsError();
 }
 
 Variant DataSetFacet::InvalidPosition(std::int32_t& pColumn, std::int32_t& pRow) {
@@ -126,7 +120,7 @@ Variant DataSetFacet::InvalidPosition(std::int32_t& pColumn, std::int32_t& pRow)
 }
 
 double DataSetFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
-  return RecordAccess::Item(state_, pColumnIndex, pRowIndex);
+  return OnlyErrors([&] { return RecordAccess::Item(state_, pColumnIndex, pRowIndex); });
 }
 
 std::string DataSetFacet::GetItemString(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
@@ -134,22 +128,22 @@ std::string DataSetFacet::GetItemString(std::int32_t pColumnIndex, std::int32_t 
 }
 
 std::string DataSetFacet::GetLabel(std::int32_t pColumnIndex) {
-  return RecordAccess::Label(state_, pColumnIndex);
+  return OnlyErrors([&] { return RecordAccess::Label(state_, pColumnIndex); });
 }
 
 std::string DataSetFacet::GetLongLabel(std::int32_t pColumnIndex) {
-  return RecordAccess::LongLabel(state_, pColumnIndex);
+  return OnlyErrors([&] { return RecordAccess::LongLabel(state_, pColumnIndex); });
 }
 
 std::string DataSetFacet::SeparatorToString(std::int32_t pSeparator) {
-  return std::string(SharedFunctions::SeparatorToString(pSeparator));
+  return OnlyErrors([&] { return std::string(SharedFunctions::SeparatorToString(pSeparator)); });
 }
 
 void DataSetFacet::SetLabels(std::string_view pLabels) {
-  RunLabels::Set(state_, pLabels);
+  OnlyErrors([&] { RunLabels::Set(state_, pLabels); });
 }
 void DataSetFacet::Clear() {
-  RecordAccess::Clear(state_);
+  OnlyErrors([&] { RecordAccess::Clear(state_); });
 }
 bool DataSetFacet::HasLabelPrefix() {
   return true;
@@ -159,7 +153,7 @@ std::int32_t DataSetFacet::GetRowNumber(std::int32_t pRowIndex) {
 }
 
 std::int32_t DataSetFacet::GetRowOriginalIndex(std::int32_t pRowIndex) {
-  return RecordAccess::OriginalIndex(state_, pRowIndex);
+  return OnlyErrors([&] { return RecordAccess::OriginalIndex(state_, pRowIndex); });
 }
 
 std::int32_t DataSetFacet::ProblemCategory() {
@@ -173,12 +167,13 @@ std::int32_t DataSetFacet::GetColumnIndex(std::int32_t pColumn) {
 }
 
 Variant DataSetFacet::GetRowOriginalValue(std::int32_t pRowIndex, std::int32_t pColumnIndex) {
-  return RecordAccess::OriginalValue(state_, pRowIndex, pColumnIndex);
+  return OnlyErrors([&] { return RecordAccess::OriginalValue(state_, pRowIndex, pColumnIndex); });
 }
 
 Variant DataSetFacet::GetRowOriginalValueByRecordId(std::int32_t pRecordId,
                                                     std::int32_t pColumnIndex) {
-  return RecordAccess::OriginalValueOfRecord(state_, pRecordId, pColumnIndex);
+  return OnlyErrors(
+      [&] { return RecordAccess::OriginalValueOfRecord(state_, pRecordId, pColumnIndex); });
 }
 
 }  // namespace tslm5

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/only_errors.h"
 #include "support/column_vector.h"
 #include "tslm5/platform/error.h"
 
@@ -25,44 +26,45 @@ void VectorizeColumn(TableLite* table, const ColumnRange& range, VariantArray& a
 }  // namespace
 
 std::int32_t ExtraSetFacet::Rows() {
-  try {
-    return state_.extra_table ? state_.extra_table->Rows() : 0;
-  } catch (const Error&) {
-    return 0;
-  }
+  return OrEmpty([&] { return state_.extra_table ? state_.extra_table->Rows() : 0; });
 }
 
 std::int32_t ExtraSetFacet::Columns() {
-  try {
-    return state_.extra_table ? state_.extra_table->Columns() : 0;
-  } catch (const Error&) {
-    return 0;
-  }
+  return OrEmpty([&] { return state_.extra_table ? state_.extra_table->Columns() : 0; });
 }
 
-double ExtraSetFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
+double ExtraSetFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) try {
   double value = 0.0;
   if (!state_.extra_table || !state_.extra_table->GetValue(pColumnIndex, pRowIndex, value)) {
     throw Error(error_number::kInvalidArgument);
   }
   return value;
+} catch (...) {
+  RaiseAsError();
 }
 
 void ExtraSetFacet::SetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex, double pValue) {
-  if (!state_.extra_table || !state_.extra_table->PutValue(pColumnIndex, pRowIndex, pValue)) {
-    throw Error(error_number::kInvalidArgument);
-  }
+  OnlyErrors([&] {
+    if (!state_.extra_table || !state_.extra_table->PutValue(pColumnIndex, pRowIndex, pValue)) {
+      throw Error(error_number::kInvalidArgument);
+    }
+  });
 }
 
 void ExtraSetFacet::Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,
                               std::int32_t pCount) {
-  VectorizeColumn(state_.extra_table.get(), {pColumnIndex, pStart, pCount}, pArray,
-                  "IExtraSet_Vectorize");
+  OnlyErrors([&] {
+    VectorizeColumn(state_.extra_table.get(), {pColumnIndex, pStart, pCount}, pArray,
+                    "IExtraSet_Vectorize");
+  });
 }
 
 void VectorizeFacet::Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,
                                std::int32_t pCount) {
-  VectorizeColumn(state_.table.get(), {pColumnIndex, pStart, pCount}, pArray, "IDataSet_Vectorize");
+  OnlyErrors([&] {
+    VectorizeColumn(state_.table.get(), {pColumnIndex, pStart, pCount}, pArray,
+                    "IDataSet_Vectorize");
+  });
 }
 
 }  // namespace tslm5

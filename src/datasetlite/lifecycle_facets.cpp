@@ -4,6 +4,7 @@
 
 #include "datasetlite/data_set_lite.h"
 #include "datasetlite/run_labels.h"
+#include "platform/only_errors.h"
 #include "storage/table_names.h"
 #include "support/file_helpers.h"
 #include "tslm5/contracts/codes.h"
@@ -47,7 +48,7 @@ Ref<TableLite> OpenTable(const Ref<IUnknown>& run, std::int32_t type, bool& load
 
 }  // namespace
 
-bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
+bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) try {
   Ref<IUnknown> run = RunIn(pRunPath, kLoadSource);
   if (pParams.IsEmpty() || (!run && !state_.run)) RaiseInvalidParameter(kLoadSource);
   const std::int32_t type = pParams.ToInteger();
@@ -70,9 +71,11 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) {
   state_.is_dirty = false;
   state_.is_ready = loaded;
   return loaded;
+} catch (...) {
+  RaiseAsError();
 }
 
-bool PersistableFacet::Save(const Variant& pRunPath, const Variant& pParams) {
+bool PersistableFacet::Save(const Variant& pRunPath, const Variant& pParams) try {
   if (!state_.table) return false;
   if (pParams.IsEmpty()) RaiseInvalidParameter(kSaveSource);
   const std::int32_t type = pParams.ToInteger();
@@ -83,9 +86,11 @@ bool PersistableFacet::Save(const Variant& pRunPath, const Variant& pParams) {
   if (state_.has_labels) RunLabels::Save(state_);
   state_.is_dirty = false;
   return true;
+} catch (...) {
+  RaiseAsError();
 }
 
-Ref<IUnknown> CloneableFacet::Clone(const Variant& pParams) {
+Ref<IUnknown> CloneableFacet::Clone(const Variant& pParams) try {
   const std::int32_t type = pParams.ToInteger();
   if (type == state_.data_set_type) {
     throw Error(error_number::kCloneOfSameType, "CloneExt",
@@ -97,9 +102,11 @@ Ref<IUnknown> CloneableFacet::Clone(const Variant& pParams) {
   }
   Ref<TableLite> table = state_.table ? state_.table->Clone(type) : Ref<TableLite>();
   return CloneDataSetLite(state_, type, std::move(table));
+} catch (...) {
+  RaiseAsError();
 }
 
-Variant ConstructorFacet::Init(const VariantArray& pParams) {
+Variant ConstructorFacet::Init(const VariantArray& pParams) try {
   if (pParams.Size() < 2) RaiseInvalidParameter("Init");
   const Ref<IUnknown> run = pParams[pParams.LowerBound()].ToObject();
   const std::int32_t type = pParams[pParams.LowerBound() + 1].ToInteger();
@@ -107,11 +114,15 @@ Variant ConstructorFacet::Init(const VariantArray& pParams) {
   state_.data_set_type = type;
   state_.cached_columns = -1;
   return true;
+} catch (...) {
+  RaiseAsError();
 }
 
-void DisposableFacet::Dispose(bool pIsDisposing) {
+void DisposableFacet::Dispose(bool pIsDisposing) try {
   if (state_.table) state_.table->Dispose(pIsDisposing);
   if (state_.extra_table) state_.extra_table->Dispose(pIsDisposing);
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

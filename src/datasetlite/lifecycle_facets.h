@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "datasetlite/data_set_lite_state.h"
+#include "platform/only_errors.h"
 #include "tslm5/contracts/is_dirty.h"
 #include "tslm5/contracts/lifecycle.h"
 #include "tslm5/contracts/lr_services.h"
@@ -57,7 +58,9 @@ class DisposableFacet final : public Facet<IDisposable> {
 class LRServicesFacet final : public Facet<ILRServices> {
  public:
   LRServicesFacet(IUnknown& owner, DataSetLiteState& state) : Facet(owner), state_(state) {}
-  bool IsBinary() override { return state_.table && state_.table->IsBinary(); }
+  bool IsBinary() override {
+    return OrEmpty([&] { return state_.table && state_.table->IsBinary(); });
+  }
 
  private:
   DataSetLiteState& state_;
@@ -78,8 +81,12 @@ class IsDirtyFacet final : public Facet<IIsDirty> {
 class ConnectionPointFacet final : public Facet<IConnectionPoint> {
  public:
   ConnectionPointFacet(IUnknown& owner, DataSetLiteState& state) : Facet(owner), state_(state) {}
-  std::int32_t Advise(IUnknown* pSink) override { return state_.sinks.Advise(pSink); }
-  void Unadvise(std::int32_t pCookie) override { state_.sinks.Unadvise(pCookie); }
+  std::int32_t Advise(IUnknown* pSink) override {
+    return OnlyErrors([&] { return state_.sinks.Advise(pSink); });
+  }
+  void Unadvise(std::int32_t pCookie) override {
+    OnlyErrors([&] { state_.sinks.Unadvise(pCookie); });
+  }
 
  private:
   DataSetLiteState& state_;

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
+#include "platform/only_errors.h"
 #include "storage/run_statements.h"
 #include "support/locale.h"
 #include "tslm5/contracts/codes.h"
@@ -47,22 +49,22 @@ void RaiseInvalidCell() {
 }
 
 std::string ItemText(DataSetLiteState& state, std::int32_t column, std::int32_t row) {
-  try {
+  return OrEmpty([&]() -> std::string {
     const double value = Item(state, column, row);
     if (std::isnan(value)) return {};
     std::string text = NumberText(value);
     std::replace(text.begin(), text.end(), '.', CurrentLocale().DecimalSymbol());
     return text;
-  } catch (const Error&) {
-    return {};
-  }
+  });
 }
 
 std::int32_t OriginalIndex(DataSetLiteState& state, std::int32_t row) {
   // Asked anew each time: another set of the run may have made the table with other columns.
   const std::int32_t key_column = Columns(state);
   double key = 0.0;
-  if (!state.table || !state.table->GetValue(key_column, row, key)) {
+  const bool is_there = state.table && state.table->GetValue(key_column, row, key);
+  if (!is_there || !(key >= std::numeric_limits<std::int32_t>::min() &&
+                     key <= std::numeric_limits<std::int32_t>::max())) {
     throw Error(error_number::kInvalidData, "GetRowNumber", "Invalid Row");
   }
   return Variant(key).ToInteger();
@@ -119,7 +121,7 @@ void Clear(DataSetLiteState& state) {
 
 }  // namespace RecordAccess
 
-bool IteratorFacet::GetCurrentSample(Array<double>& pArray) {
+bool IteratorFacet::GetCurrentSample(Array<double>& pArray) try {
   if (state_.current_row == -1) throw Error(error_number::kIteratorNotReset);
   const std::int32_t columns = state_.cached_columns;
   if (columns > 0 && pArray.Size() < static_cast<std::size_t>(columns)) {
@@ -132,6 +134,8 @@ bool IteratorFacet::GetCurrentSample(Array<double>& pArray) {
   }
   ++state_.current_row;
   return true;
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

@@ -29,7 +29,8 @@ inline double Item(DataSetLiteState& state, std::int32_t column, std::int32_t ro
 /// One cell with the user's decimal separator; "" when it is missing or absent.
 std::string ItemText(DataSetLiteState& state, std::int32_t column, std::int32_t row);
 
-/// The key of a row in the original data; raises 41011, source "GetRowNumber" (meant).
+/// The key of a row in the original data. An absent row, and one whose key is outside 32 bits,
+/// raises 41011, source "GetRowNumber" (meant).
 std::int32_t OriginalIndex(DataSetLiteState& state, std::int32_t row);
 
 /// The original value of a column (-1: the response) in the record with key `record_id`; empty

@@ -1,7 +1,5 @@
 #include "datasetlite/record_forwarder.h"
 
-#include <exception>
-
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
@@ -36,7 +34,7 @@ ScopedRecordForwarder::~ScopedRecordForwarder() {
   if (cookie_ == 0) return;
   try {
     table_.Unadvise(cookie_);
-  } catch (const std::exception&) {
+  } catch (...) {
     return;  // no memory for the shorter list: the table keeps a listener that it no longer needs
   }
 }

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "datasetlite/data_set_facet.h"
+#include "platform/only_errors.h"
 #include "statistics/data_record_statistics.h"
 #include "tslm5/platform/error.h"
 
@@ -30,37 +31,44 @@ void ReadClassFigure(const StatisticsCache& cache,
 }  // namespace
 
 bool DataSetFacet::HasGlobalRecordStatistics() {
-  return Cache(state_).HasGlobal();
+  return OnlyErrors([&] { return Cache(state_).HasGlobal(); });
 }
 bool DataSetFacet::HasClassRecordStatistics() {
-  return Cache(state_).HasClasses();
+  return OnlyErrors([&] { return Cache(state_).HasClasses(); });
 }
 
 double DataSetFacet::GetGlobalCentroid(std::int32_t pColumn) {
-  return StatisticsCache::Figure(Cache(state_).Centroids(), pColumn).ToDouble();
+  return OnlyErrors(
+      [&] { return StatisticsCache::Figure(Cache(state_).Centroids(), pColumn).ToDouble(); });
 }
 
 double DataSetFacet::GetGlobalMedoid(std::int32_t pColumn) {
-  return StatisticsCache::Figure(Cache(state_).Medoids(), pColumn).ToDouble();
+  return OnlyErrors(
+      [&] { return StatisticsCache::Figure(Cache(state_).Medoids(), pColumn).ToDouble(); });
 }
 
 double DataSetFacet::GetStandardDeviation(std::int32_t pColumn) {
-  return StatisticsCache::Figure(Cache(state_).Deviations(), pColumn).ToDouble();
+  return OnlyErrors(
+      [&] { return StatisticsCache::Figure(Cache(state_).Deviations(), pColumn).ToDouble(); });
 }
 
 void DataSetFacet::GetClassCentroid(std::int32_t pColumn, std::int32_t pClassIndex,
                                     double& pClassValue, double& pValue) {
-  ReadClassFigure(Cache(state_), &StatisticsCache::ClassFigures::centroids, pColumn, pClassIndex,
-                  pClassValue, pValue);
+  OnlyErrors([&] {
+    ReadClassFigure(Cache(state_), &StatisticsCache::ClassFigures::centroids, pColumn, pClassIndex,
+                    pClassValue, pValue);
+  });
 }
 
 void DataSetFacet::GetClassMedoid(std::int32_t pColumn, std::int32_t pClassIndex,
                                   double& pClassValue, double& pValue) {
-  ReadClassFigure(Cache(state_), &StatisticsCache::ClassFigures::medoids, pColumn, pClassIndex,
-                  pClassValue, pValue);
+  OnlyErrors([&] {
+    ReadClassFigure(Cache(state_), &StatisticsCache::ClassFigures::medoids, pColumn, pClassIndex,
+                    pClassValue, pValue);
+  });
 }
 
-void DataSetFacet::CalculateStatistics(IFeedback* pFeedback) {
+void DataSetFacet::CalculateStatistics(IFeedback* pFeedback) try {
   if (!state_.table) return;
   const Ref<IDataSet> keep_alive(this);  // the feedback object may let go of the set
   const Ref<IConnection> connection = ConnectionOf(state_);
@@ -70,6 +78,8 @@ void DataSetFacet::CalculateStatistics(IFeedback* pFeedback) {
   }
   state_.statistics.ExpectTables();
   state_.statistics.EnsureRead(*connection, state_.data_set_type);
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

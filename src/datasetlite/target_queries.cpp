@@ -7,6 +7,7 @@
 #include "datasetlite/data_set_facet.h"
 #include "datasetlite/record_access.h"
 #include "datasetlite/series_embedding.h"
+#include "platform/only_errors.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -58,32 +59,40 @@ double Extreme(DataSetLiteState& state, const Dictionary& (StatisticsCache::*cac
 }  // namespace
 
 double DataSetFacet::GetMax(std::int32_t pColumn, std::int32_t pFromRow, std::int32_t pToRow) {
-  return Extreme(state_, &StatisticsCache::Maxima, pColumn, pFromRow, pToRow, kMaximumStart,
-                 [](double value, double kept) { return value > kept; });
+  return OnlyErrors([&] {
+    return Extreme(state_, &StatisticsCache::Maxima, pColumn, pFromRow, pToRow, kMaximumStart,
+                   [](double value, double kept) { return value > kept; });
+  });
 }
 
 double DataSetFacet::GetMin(std::int32_t pColumn, std::int32_t pFromRow, std::int32_t pToRow) {
-  return Extreme(state_, &StatisticsCache::Minima, pColumn, pFromRow, pToRow, kMinimumStart,
-                 [](double value, double kept) { return value < kept; });
+  return OnlyErrors([&] {
+    return Extreme(state_, &StatisticsCache::Minima, pColumn, pFromRow, pToRow, kMinimumStart,
+                   [](double value, double kept) { return value < kept; });
+  });
 }
 
-double DataSetFacet::GetTargetMajorityClass() {
+double DataSetFacet::GetTargetMajorityClass() try {
   double kept = kMaximumStart;
   if (!state_.table) return kept;
   ForEachNumber(*state_.table, state_.table->Columns() - 1, 0, state_.table->Rows() - 1,
                 [&kept](double value) { kept = std::max(kept, value); });
   return kept;
+} catch (...) {
+  RaiseAsError();
 }
 
-std::int32_t DataSetFacet::GetTargetMinorityClassCount() {
+std::int32_t DataSetFacet::GetTargetMinorityClassCount() try {
   const std::map<double, std::int32_t> counts = CountResponses(state_);
   const auto rarest = std::min_element(
       counts.begin(), counts.end(),
       [](const auto& left, const auto& right) { return left.second < right.second; });
   return rarest == counts.end() ? 0 : rarest->second;
+} catch (...) {
+  RaiseAsError();
 }
 
-std::int32_t DataSetFacet::GetTargetClassCount(std::int32_t pClassIndex) {
+std::int32_t DataSetFacet::GetTargetClassCount(std::int32_t pClassIndex) try {
   if (state_.run && (pClassIndex == 0 || pClassIndex == 1)) {
     state_.statistics.EnsureRead(*ConnectionOf(state_), state_.data_set_type);
     const Variant count =
@@ -93,9 +102,11 @@ std::int32_t DataSetFacet::GetTargetClassCount(std::int32_t pClassIndex) {
   const std::map<double, std::int32_t> counts = CountResponses(state_);
   if (pClassIndex < 0 || static_cast<std::size_t>(pClassIndex) >= counts.size()) return 0;
   return std::next(counts.begin(), pClassIndex)->second;
+} catch (...) {
+  RaiseAsError();
 }
 
-void DataSetFacet::GetAverageModel(VariantArray& pResult) {
+void DataSetFacet::GetAverageModel(VariantArray& pResult) try {
   const std::int32_t rows = state_.table ? state_.table->Rows() : 0;
   const std::int32_t inputs = state_.table ? state_.table->Columns() - 1 : 0;
   pResult.Redim(0, rows - 1);
@@ -108,11 +119,15 @@ void DataSetFacet::GetAverageModel(VariantArray& pResult) {
     }
     pResult[row] = sum / inputs;
   }
+} catch (...) {
+  RaiseAsError();
 }
 
-bool DataSetFacet::FormatDataAs(std::int32_t) {
+bool DataSetFacet::FormatDataAs(std::int32_t) try {
   state_.is_dirty = true;
   return EmbedSeries(state_);
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

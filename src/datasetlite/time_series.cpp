@@ -36,8 +36,8 @@ Ref<IRecordSet> OpenBackup(IConnection& connection) {
 }
 
 void TakeTable(DataSetLiteState& state, Ref<TableLite> table) {
+  state.cached_columns = table->Columns();
   state.table = std::move(table);
-  state.cached_columns = state.table->Columns();
   state.statistics.Empty();
 }
 

@@ -6,6 +6,7 @@
 
 #include "datasetlite/data_set_lite_state.h"
 #include "datasetlite/time_series.h"
+#include "platform/only_errors.h"
 #include "tslm5/contracts/data_set_lite.h"
 #include "tslm5/contracts/time_series.h"
 #include "tslm5/platform/object.h"
@@ -16,8 +17,12 @@ namespace tslm5 {
 class TimeSeriesDataSetFacet final : public Facet<ITimeSeriesDataSet> {
  public:
   TimeSeriesDataSetFacet(IUnknown& owner, DataSetLiteState& state) : Facet(owner), state_(state) {}
-  void LoadTimeSeriesLabel() override { TimeSeries::LoadLabel(state_); }
-  void RenameTrainingLabels() override { TimeSeries::RenameTrainingLabels(state_); }
+  void LoadTimeSeriesLabel() override {
+    OnlyErrors([&] { TimeSeries::LoadLabel(state_); });
+  }
+  void RenameTrainingLabels() override {
+    OnlyErrors([&] { TimeSeries::RenameTrainingLabels(state_); });
+  }
 
  private:
   DataSetLiteState& state_;
@@ -27,9 +32,15 @@ class TimeSeriesDataSetFacet final : public Facet<ITimeSeriesDataSet> {
 class TimeSeriesChangesFacet final : public Facet<ITimeSeriesChanges> {
  public:
   TimeSeriesChangesFacet(IUnknown& owner, DataSetLiteState& state) : Facet(owner), state_(state) {}
-  bool ResetTimeSeries() override { return TimeSeries::Reset(state_); }
-  void UndoReset() override { TimeSeries::UndoReset(state_); }
-  void ClearReset() override { TimeSeries::ClearReset(state_); }
+  bool ResetTimeSeries() override {
+    return OnlyErrors([&] { return TimeSeries::Reset(state_); });
+  }
+  void UndoReset() override {
+    OnlyErrors([&] { TimeSeries::UndoReset(state_); });
+  }
+  void ClearReset() override {
+    OnlyErrors([&] { TimeSeries::ClearReset(state_); });
+  }
 
  private:
   DataSetLiteState& state_;
@@ -43,7 +54,7 @@ class DataSetLiteFacet final : public Facet<IDataSetLite> {
   void ClearUndo() override { Query<ITimeSeriesChanges>(this)->ClearReset(); }
   void UndoCopy() override { Query<ITimeSeriesChanges>(this)->UndoReset(); }
   void SaveTimeSeriesDataSetColumnData(std::int32_t) override {
-    TimeSeries::SaveColumnData(state_);
+    OnlyErrors([&] { TimeSeries::SaveColumnData(state_); });
   }
   double GetMissingStatisticsValue(std::int32_t pColumnIndex, std::string_view pType) override;
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "platform/only_errors.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -54,7 +55,8 @@ bool SameName(std::string_view left, std::string_view right) {
 
 }  // namespace
 
-Variant ConnectionDispatch::Invoke(std::string_view pName, std::span<const Variant> pArguments) {
+Variant ConnectionDispatch::Invoke(std::string_view pName,
+                                   std::span<const Variant> pArguments) try {
   for (const Operation& operation : kOperations) {
     if (!SameName(operation.name, pName)) continue;
     if (operation.arguments != pArguments.size()) {
@@ -66,6 +68,8 @@ Variant ConnectionDispatch::Invoke(std::string_view pName, std::span<const Varia
   }
   throw Error(error_number::kUnknownMember, "Invoke",
               "The connection has no operation \"" + std::string(pName) + "\".");
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

@@ -1,5 +1,6 @@
 #include "engine/figures_reader.h"
 
+#include "platform/only_errors.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -17,19 +18,25 @@ const Variant& FiguresReader::Field(std::int32_t index) const {
   return figures_[static_cast<std::size_t>(index)];
 }
 
-std::int32_t FiguresReader::GetInteger(std::int32_t pIndex) {
+std::int32_t FiguresReader::GetInteger(std::int32_t pIndex) try {
   const Variant& field = Field(pIndex);
   return field.IsNull() ? 0 : field.ToInteger();
+} catch (...) {
+  RaiseAsError();
 }
 
-double FiguresReader::GetDouble(std::int32_t pIndex) {
+double FiguresReader::GetDouble(std::int32_t pIndex) try {
   const Variant& field = Field(pIndex);
   return field.IsNull() ? 0.0 : field.ToDouble();
+} catch (...) {
+  RaiseAsError();
 }
 
-std::string FiguresReader::GetString(std::int32_t pIndex) {
+std::string FiguresReader::GetString(std::int32_t pIndex) try {
   const Variant& field = Field(pIndex);
   return field.IsNull() ? std::string() : field.ToString();
+} catch (...) {
+  RaiseAsError();
 }
 
 void FiguresReader::Close() {
@@ -42,17 +49,19 @@ std::int32_t FiguresReader::FieldCount() {
   return static_cast<std::int32_t>(items_.size());
 }
 
-std::string FiguresReader::FieldName(std::int32_t pIndex) {
+std::string FiguresReader::FieldName(std::int32_t pIndex) try {
   if (pIndex < 0 || pIndex >= FieldCount()) RaiseSubscriptOutOfRange();
   return items_[static_cast<std::size_t>(pIndex)].text;
+} catch (...) {
+  RaiseAsError();
 }
 
 Variant FiguresReader::GetValue(std::int32_t pIndex) {
-  return Field(pIndex);
+  return OnlyErrors([&] { return Field(pIndex); });
 }
 
 bool FiguresReader::IsNull(std::int32_t pIndex) {
-  return Field(pIndex).IsNull();
+  return OnlyErrors([&] { return Field(pIndex).IsNull(); });
 }
 
 }  // namespace tslm5

@@ -1,4 +1,5 @@
 #include "tslm5/engine/open_run.h"
+#include "platform/only_errors.h"
 
 #include "engine/run_connection.h"
 #include "tslm5/engine/run_recovery.h"
@@ -44,7 +45,7 @@ class Run final : public CountedObject<IConnectionService> {
 }  // namespace
 
 Ref<IConnectionService> OpenRun(const std::string& path, const RunOptions& options) {
-  return MakeObject<Run>(MakeObject<RunConnection>(path, options));
+  return OnlyErrors([&] { return MakeObject<Run>(MakeObject<RunConnection>(path, options)); });
 }
 
 }  // namespace tslm5

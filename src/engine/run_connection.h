@@ -12,6 +12,7 @@
 #include "engine/connection_dispatch.h"
 #include "engine/hot_journal.h"
 #include "engine/literal_inserter.h"
+#include "platform/only_errors.h"
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/open_run.h"
@@ -73,18 +74,26 @@ class RunConnection final : public FacetOwner {
   class ConnectionFacet final : public Facet<IConnection> {
    public:
     explicit ConnectionFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
-    void Execute(std::string_view pSql) override { connection_.Execute(pSql); }
+    void Execute(std::string_view pSql) override {
+      OnlyErrors([&] { connection_.Execute(pSql); });
+    }
     Ref<IDataReader> ExecuteReader(std::string_view pSql) override {
-      return connection_.ExecuteReader(pSql);
+      return OnlyErrors([&] { return connection_.ExecuteReader(pSql); });
     }
     Ref<IRecordSet> OpenRecordSet(std::string_view pSql) override {
-      return connection_.OpenRecordSet(pSql);
+      return OnlyErrors([&] { return connection_.OpenRecordSet(pSql); });
     }
-    void BeginTrans() override { connection_.BeginTrans(); }
-    void CommitTrans() override { connection_.CommitTrans(); }
-    void RollbackTrans() override { connection_.RollbackTrans(); }
+    void BeginTrans() override {
+      OnlyErrors([&] { connection_.BeginTrans(); });
+    }
+    void CommitTrans() override {
+      OnlyErrors([&] { connection_.CommitTrans(); });
+    }
+    void RollbackTrans() override {
+      OnlyErrors([&] { connection_.RollbackTrans(); });
+    }
     bool TableExists(std::string_view pTableName) override {
-      return connection_.TableExists(pTableName);
+      return OnlyErrors([&] { return connection_.TableExists(pTableName); });
     }
 
    private:
@@ -96,7 +105,7 @@ class RunConnection final : public FacetOwner {
     explicit NumberInserterFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
     bool InsertNumbers(std::string_view pHead, std::span<const double> pNumbers,
                        std::int32_t pRow) override {
-      return connection_.InsertNumbers(pHead, pNumbers, pRow);
+      return OnlyErrors([&] { return connection_.InsertNumbers(pHead, pNumbers, pRow); });
     }
 
    private:

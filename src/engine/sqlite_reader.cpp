@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "engine/sqlite_value.h"
+#include "platform/only_errors.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
 
@@ -15,7 +16,7 @@ bool SqliteReader::QueryInterface(const Uuid& pId, void** pObject) {
   return true;
 }
 
-bool SqliteReader::Read() {
+bool SqliteReader::Read() try {
   on_record_ = false;
   if (!statement_ || at_end_) return false;
   at_end_ = true;  // also when the step fails: another one would begin anew
@@ -24,6 +25,8 @@ bool SqliteReader::Read() {
   at_end_ = !on_record_;
   if (at_end_) statement_->Reset();
   return on_record_;
+} catch (...) {
+  RaiseAsError();
 }
 
 sqlite3_stmt* SqliteReader::Record(std::int32_t index) const {
@@ -36,15 +39,17 @@ sqlite3_stmt* SqliteReader::Record(std::int32_t index) const {
   return statement_->Handle();
 }
 
-std::int32_t SqliteReader::GetInteger(std::int32_t pIndex) {
+std::int32_t SqliteReader::GetInteger(std::int32_t pIndex) try {
   sqlite3_stmt* record = Record(pIndex);
   if (sqlite3_column_type(record, pIndex) == SQLITE_INTEGER) {
     return IntegerValue(sqlite3_column_int64(record, pIndex)).ToInteger();
   }
   return Variant(GetDouble(pIndex)).ToInteger();
+} catch (...) {
+  RaiseAsError();
 }
 
-double SqliteReader::GetDouble(std::int32_t pIndex) {
+double SqliteReader::GetDouble(std::int32_t pIndex) try {
   sqlite3_stmt* record = Record(pIndex);
   double number = 0.0;
   if (sqlite3_column_type(record, pIndex) == SQLITE_TEXT &&
@@ -52,14 +57,18 @@ double SqliteReader::GetDouble(std::int32_t pIndex) {
     return number;
   }
   return sqlite3_column_double(record, pIndex);
+} catch (...) {
+  RaiseAsError();
 }
 
-std::string SqliteReader::GetString(std::int32_t pIndex) {
+std::string SqliteReader::GetString(std::int32_t pIndex) try {
   sqlite3_stmt* record = Record(pIndex);
   if (sqlite3_column_type(record, pIndex) == SQLITE_FLOAT) {
     return NumberText(sqlite3_column_double(record, pIndex));
   }
   return std::string(ColumnText(record, pIndex));
+} catch (...) {
+  RaiseAsError();
 }
 
 void SqliteReader::GetTexts(std::span<std::string_view> texts) {
@@ -89,17 +98,21 @@ std::int32_t SqliteReader::FieldCount() {
   return statement_ ? sqlite3_column_count(statement_->Handle()) : 0;
 }
 
-std::string SqliteReader::FieldName(std::int32_t pIndex) {
+std::string SqliteReader::FieldName(std::int32_t pIndex) try {
   if (pIndex < 0 || pIndex >= FieldCount()) RaiseSubscriptOutOfRange();
-  return sqlite3_column_name(statement_->Handle(), pIndex);
+  const char* const name = sqlite3_column_name(statement_->Handle(), pIndex);
+  if (name == nullptr) RaiseOutOfMemory();
+  return name;
+} catch (...) {
+  RaiseAsError();
 }
 
 Variant SqliteReader::GetValue(std::int32_t pIndex) {
-  return ColumnValue(Record(pIndex), pIndex);
+  return OnlyErrors([&] { return ColumnValue(Record(pIndex), pIndex); });
 }
 
 bool SqliteReader::IsNull(std::int32_t pIndex) {
-  return sqlite3_column_type(Record(pIndex), pIndex) == SQLITE_NULL;
+  return OnlyErrors([&] { return sqlite3_column_type(Record(pIndex), pIndex) == SQLITE_NULL; });
 }
 
 }  // namespace tslm5

@@ -10,6 +10,7 @@
 
 #include "engine/run_connection.h"
 #include "engine/sqlite_statement.h"
+#include "platform/only_errors.h"
 #include "tslm5/engine/data_reader.h"
 #include "tslm5/engine/record_texts.h"
 #include "tslm5/platform/object.h"
@@ -42,7 +43,9 @@ class SqliteReader final : public CountedObject<IDataReader> {
   class TextsFacet final : public Facet<IRecordTexts> {
    public:
     explicit TextsFacet(SqliteReader& owner) : Facet(owner), reader_(owner) {}
-    void GetTexts(std::span<std::string_view> pTexts) override { reader_.GetTexts(pTexts); }
+    void GetTexts(std::span<std::string_view> pTexts) override {
+      OnlyErrors([&] { reader_.GetTexts(pTexts); });
+    }
 
    private:
     SqliteReader& reader_;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/sqlite_statement.h"
+#include "platform/only_errors.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -21,22 +22,28 @@ SqliteRecordSet::~SqliteRecordSet() {
   }
 }
 
-void SqliteRecordSet::Close() {
+void SqliteRecordSet::Close() try {
   WritePending();
   source_.reset();
+} catch (...) {
+  RaiseAsError();
 }
 
-void SqliteRecordSet::MoveTo(std::int32_t pRecordNumber, std::int32_t pOrigin) {
+void SqliteRecordSet::MoveTo(std::int32_t pRecordNumber, std::int32_t pOrigin) try {
   if (pOrigin != 0) {
     throw Error(error_number::kInvalidCall, "MoveTo", "The origin of a move can only be 0.");
   }
   position_ = pRecordNumber;
+} catch (...) {
+  RaiseAsError();
 }
 
-bool SqliteRecordSet::EndOfFile() {
+bool SqliteRecordSet::EndOfFile() try {
   if (!IsOpen()) return true;
   KeepUp();
   return !HasRecord(position_);
+} catch (...) {
+  RaiseAsError();
 }
 
 std::size_t SqliteRecordSet::CurrentIndex() {
@@ -50,13 +57,15 @@ int SqliteRecordSet::CheckedField(const Variant& field_index) const {
   return field;
 }
 
-Variant SqliteRecordSet::GetField(const Variant& pFieldIndex) {
+Variant SqliteRecordSet::GetField(const Variant& pFieldIndex) try {
   const std::size_t index = CurrentIndex();
   const int field = CheckedField(pFieldIndex);
   return source_->BlockOf(index).Value(source_->OffsetInBlock(index), field);
+} catch (...) {
+  RaiseAsError();
 }
 
-void SqliteRecordSet::SetField(const Variant& pFieldIndex, const Variant& pValue) {
+void SqliteRecordSet::SetField(const Variant& pFieldIndex, const Variant& pValue) try {
   const std::size_t index = CurrentIndex();
   const int field = CheckedField(pFieldIndex);
   if (!source_->IsWholeTable() || source_->IsKey(field)) {
@@ -73,26 +82,32 @@ void SqliteRecordSet::SetField(const Variant& pFieldIndex, const Variant& pValue
   }
   pending_.push_back({block.Key(offset), field, value});
   block.Put(offset, field, value);
+} catch (...) {
+  RaiseAsError();
 }
 
-std::int32_t SqliteRecordSet::FieldCount() {
+std::int32_t SqliteRecordSet::FieldCount() try {
   if (!IsOpen()) return 0;
   KeepUp();
   return source_->FieldCount();
+} catch (...) {
+  RaiseAsError();
 }
 
-std::int32_t SqliteRecordSet::RecordCount() {
+std::int32_t SqliteRecordSet::RecordCount() try {
   if (!IsOpen()) return 0;
   KeepUp();
   return source_->RecordCount();
+} catch (...) {
+  RaiseAsError();
 }
 
 void SqliteRecordSet::Update() {
-  WritePending();
+  OnlyErrors([&] { WritePending(); });
 }
 
 bool SqliteRecordSet::ReadNumber(std::int32_t pRecordNumber, std::int32_t pFieldIndex,
-                                 double* pValue) {
+                                 double* pValue) try {
   if (!IsOpen()) return false;
   KeepUp();
   if (!HasRecord(pRecordNumber) || pFieldIndex < 0 || pFieldIndex >= source_->FieldCount()) {
@@ -101,6 +116,8 @@ bool SqliteRecordSet::ReadNumber(std::int32_t pRecordNumber, std::int32_t pField
   const auto index = static_cast<std::size_t>(pRecordNumber - 1);
   *pValue = source_->BlockOf(index).Number(source_->OffsetInBlock(index), pFieldIndex);
   return true;
+} catch (...) {
+  RaiseAsError();
 }
 
 void SqliteRecordSet::Refresh() {

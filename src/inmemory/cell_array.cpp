@@ -27,7 +27,7 @@ void AdviseLargePages(void* block, std::size_t bytes) {
 double* AllocateCleared(std::size_t count) {
   const bool is_possible = count <= kMostCells;
   void* const block = is_possible ? std::calloc(count, sizeof(double)) : nullptr;
-  if (block == nullptr) throw Error(error_number::kOutOfMemory, "", "Out of memory");
+  if (block == nullptr) RaiseOutOfMemory();
   AdviseLargePages(block, count * sizeof(double));
   return static_cast<double*>(block);
 }

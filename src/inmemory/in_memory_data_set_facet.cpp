@@ -11,6 +11,7 @@
 #include "datacheck/invalid_position.h"
 #include "inmemory/label_line.h"
 #include "inmemory/text_parsing.h"
+#include "platform/only_errors.h"
 #include "support/locale.h"
 #include "support/separators.h"
 #include "tslm5/contracts/codes.h"
@@ -38,16 +39,16 @@ std::int32_t InMemoryDataSetFacet::TerminalCount() {
   return state_.Columns() - 1;
 }
 std::string InMemoryDataSetFacet::IndependentVarsPrefix() {
-  return state_.independent_vars_prefix;
+  return OnlyErrors([&] { return state_.independent_vars_prefix; });
 }
 void InMemoryDataSetFacet::put_IndependentVarsPrefix(std::string_view pPrefix) {
-  state_.independent_vars_prefix = pPrefix;
+  OnlyErrors([&] { state_.independent_vars_prefix = pPrefix; });
 }
 std::string InMemoryDataSetFacet::DependentVarName() {
-  return state_.dependent_var_name;
+  return OnlyErrors([&] { return state_.dependent_var_name; });
 }
 void InMemoryDataSetFacet::put_DependentVarName(std::string_view pName) {
-  state_.dependent_var_name = pName;
+  OnlyErrors([&] { state_.dependent_var_name = pName; });
 }
 bool InMemoryDataSetFacet::IsReady() {
   return state_.is_ready;
@@ -64,39 +65,49 @@ std::string InMemoryDataSetFacet::Name() {
   }
 }
 
-std::string InMemoryDataSetFacet::SetProperty(std::string_view pValue, std::string_view pKey) {
+std::string InMemoryDataSetFacet::SetProperty(std::string_view pValue, std::string_view pKey) try {
   state_.SetProperty(pKey, pValue);
   return std::string(pKey);
+} catch (...) {
+  RaiseAsError();
 }
 
-std::string InMemoryDataSetFacet::GetProperty(std::string_view pKey) {
+std::string InMemoryDataSetFacet::GetProperty(std::string_view pKey) try {
   if (pKey == property_key::kReplacedNullValues) {
     return std::to_string(state_.replaced_missing_count);
   }
   return state_.properties.Get(pKey);
+} catch (...) {
+  RaiseAsError();
 }
 
 void InMemoryDataSetFacet::ResetProperties() {
-  state_.ResetProperties();
+  OnlyErrors([&] { state_.ResetProperties(); });
 }
 
 void InMemoryDataSetFacet::Parse(std::string_view pFileName, std::int32_t pSeparator,
                                  bool pHasLabels, std::int32_t pDataSetType, std::int32_t pLayout) {
-  TextParsing(state_).Parse(pFileName, pSeparator, pHasLabels, pDataSetType, pLayout, nullptr);
+  OnlyErrors([&] {
+    TextParsing(state_).Parse(pFileName, pSeparator, pHasLabels, pDataSetType, pLayout, nullptr);
+  });
 }
 
 void InMemoryDataSetFacet::ParseString(std::string& pText, std::int32_t pSeparator, bool pHasLabels,
                                        std::int32_t pDataSetType, std::int32_t pLayout,
                                        IParseEventArgs* pEvArgs) {
-  TextParsing(state_).ParseString(pText, pSeparator, pHasLabels, pDataSetType, pLayout, pEvArgs);
+  OnlyErrors([&] {
+    TextParsing(state_).ParseString(pText, pSeparator, pHasLabels, pDataSetType, pLayout, pEvArgs);
+  });
 }
 
 bool InMemoryDataSetFacet::IsValidDataSet(std::string_view pDataFilePath, bool pHasLabels,
-                                          std::int32_t& pSeparator, std::string& outMessage) {
+                                          std::int32_t& pSeparator, std::string& outMessage) try {
   const Ref<IDataSet> keep_alive(this);  // a handler may let go of the set
   SinkDataCheckListener<IInMemorySetEvents> listener(state_.sinks);
   return CheckDataFile(pDataFilePath, pHasLabels, pSeparator, DataCheckRules(), listener,
                        outMessage);
+} catch (...) {
+  RaiseAsError();
 }
 
 Variant InMemoryDataSetFacet::InvalidPosition(std::int32_t& pColumn, std::int32_t& pRow) {
@@ -106,39 +117,46 @@ Variant InMemoryDataSetFacet::InvalidPosition(std::int32_t& pColumn, std::int32_
 }
 
 double InMemoryDataSetFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
-  return state_.Cell(pRowIndex, pColumnIndex);
+  return OnlyErrors([&] { return state_.Cell(pRowIndex, pColumnIndex); });
 }
 
-std::string InMemoryDataSetFacet::GetItemString(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
+std::string InMemoryDataSetFacet::GetItemString(std::int32_t pColumnIndex,
+                                                std::int32_t pRowIndex) try {
   if (pColumnIndex < 0 || pRowIndex < 0) throw Error(error_number::kInvalidArgument);
   const double value = state_.Cell(pRowIndex, pColumnIndex);
   if (std::isnan(value)) return {};
   std::string text = NumberText(value);
   std::replace(text.begin(), text.end(), '.', CurrentLocale().DecimalSymbol());
   return text;
+} catch (...) {
+  RaiseAsError();
 }
 
-std::string InMemoryDataSetFacet::GetLabel(std::int32_t pColumnIndex) {
+std::string InMemoryDataSetFacet::GetLabel(std::int32_t pColumnIndex) try {
   const auto index = static_cast<std::size_t>(pColumnIndex);
   if (pColumnIndex < 0 || index >= state_.labels.size()) RaiseSubscriptOutOfRange();
   return state_.labels[index];
+} catch (...) {
+  RaiseAsError();
 }
 
 std::string InMemoryDataSetFacet::GetLongLabel(std::int32_t pColumnIndex) {
-  return GetLabel(pColumnIndex);
+  return OnlyErrors([&] { return GetLabel(pColumnIndex); });
 }
 
 std::string InMemoryDataSetFacet::SeparatorToString(std::int32_t pSeparator) {
-  return std::string(SharedFunctions::SeparatorToString(pSeparator));
+  return OnlyErrors([&] { return std::string(SharedFunctions::SeparatorToString(pSeparator)); });
 }
 
-void InMemoryDataSetFacet::SetLabels(std::string_view pLabels) {
+void InMemoryDataSetFacet::SetLabels(std::string_view pLabels) try {
   state_.labels = LabelLine::Read(std::string(pLabels) + '\n',
                                   state_.properties.Find(property_key::kSeparator));
   state_.has_labels = true;
+} catch (...) {
+  RaiseAsError();
 }
 
-bool InMemoryDataSetFacet::SetData(IUnknown* pSource, std::int32_t) {
+bool InMemoryDataSetFacet::SetData(IUnknown* pSource, std::int32_t) try {
   const Ref<IDataSet> source = Query<IDataSet>(pSource);
   const Ref<IExtraSet> extra = Query<IExtraSet>(pSource);
   if (!source || !extra) return false;
@@ -152,10 +170,12 @@ bool InMemoryDataSetFacet::SetData(IUnknown* pSource, std::int32_t) {
   state_.MakeDefaultLabels();
   state_.is_ready = true;
   return true;
+} catch (...) {
+  RaiseAsError();
 }
 
 void InMemoryDataSetFacet::Clear() {
-  state_.Reset();
+  OnlyErrors([&] { state_.Reset(); });
 }
 
 std::int32_t InMemoryDataSetFacet::ProblemCategory() {

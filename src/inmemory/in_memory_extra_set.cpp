@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/only_errors.h"
 #include "support/column_vector.h"
 
 namespace tslm5 {
@@ -22,15 +23,19 @@ void VectorizeColumn(const CellArray& cells, std::int32_t columns, const ColumnR
 
 void InMemoryExtraSetFacet::Vectorize(std::int32_t pColumnIndex, VariantArray& pArray,
                                       std::int32_t pStart, std::int32_t pCount) {
-  VectorizeColumn(state_.extra_set, state_.Columns(), {pColumnIndex, pStart, pCount}, pArray,
-                  "IExtraSet_Vectorize");
+  OnlyErrors([&] {
+    VectorizeColumn(state_.extra_set, state_.Columns(), {pColumnIndex, pStart, pCount}, pArray,
+                    "IExtraSet_Vectorize");
+  });
 }
 
 void InMemoryVectorizeFacet::Vectorize(std::int32_t pColumnIndex, VariantArray& pArray,
-                                       std::int32_t pStart, std::int32_t pCount) {
+                                       std::int32_t pStart, std::int32_t pCount) try {
   static const CellArray kNoData;
   VectorizeColumn(state_.data ? *state_.data : kNoData, state_.Columns(),
                   {pColumnIndex, pStart, pCount}, pArray, "IDataSet_Vectorize");
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

@@ -2,6 +2,7 @@
 #define TSLM5_INMEMORY_IN_MEMORY_EXTRA_SET_H_
 
 #include "inmemory/in_memory_state.h"
+#include "platform/only_errors.h"
 #include "tslm5/contracts/extra_set.h"
 #include "tslm5/contracts/vectorize.h"
 #include "tslm5/platform/object.h"
@@ -17,10 +18,10 @@ class InMemoryExtraSetFacet final : public Facet<IExtraSet> {
   std::int32_t Columns() override { return state_.Columns(); }
   bool Exists() override { return state_.extra_set_exists; }
   double GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) override {
-    return state_.extra_set.Get(pRowIndex, pColumnIndex);
+    return OnlyErrors([&] { return state_.extra_set.Get(pRowIndex, pColumnIndex); });
   }
   void SetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex, double pValue) override {
-    state_.extra_set.Put(pRowIndex, pColumnIndex, pValue);
+    OnlyErrors([&] { state_.extra_set.Put(pRowIndex, pColumnIndex, pValue); });
   }
   void Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,
                  std::int32_t pCount) override;

@@ -7,6 +7,7 @@
 
 #include "contracts/property_source.h"
 #include "inmemory/in_memory_state.h"
+#include "platform/only_errors.h"
 #include "tslm5/contracts/in_memory_set.h"
 #include "tslm5/contracts/is_dirty.h"
 #include "tslm5/contracts/iterator.h"
@@ -21,7 +22,9 @@ class InMemorySetFacet final : public Facet<IInMemorySet> {
  public:
   InMemorySetFacet(IUnknown& owner, InMemoryState& state) : Facet(owner), state_(state) {}
   Ref<IDataSet> Clone() override;
-  void SetDataSetType(std::int32_t pDataSetType) override { state_.SetType(pDataSetType); }
+  void SetDataSetType(std::int32_t pDataSetType) override {
+    OnlyErrors([&] { state_.SetType(pDataSetType); });
+  }
   std::string RemoveEmptyLinesAtEnd(std::string& pData) override;
   void ParseWithEvents(std::string_view pFileName, std::int32_t pSeparator, bool pHasLabels,
                        std::int32_t pDataSetType, std::int32_t pLayout,
@@ -70,8 +73,12 @@ class InMemoryConnectionPointFacet final : public Facet<IConnectionPoint> {
  public:
   InMemoryConnectionPointFacet(IUnknown& owner, InMemoryState& state)
       : Facet(owner), state_(state) {}
-  std::int32_t Advise(IUnknown* pSink) override { return state_.sinks.Advise(pSink); }
-  void Unadvise(std::int32_t pCookie) override { state_.sinks.Unadvise(pCookie); }
+  std::int32_t Advise(IUnknown* pSink) override {
+    return OnlyErrors([&] { return state_.sinks.Advise(pSink); });
+  }
+  void Unadvise(std::int32_t pCookie) override {
+    OnlyErrors([&] { state_.sinks.Unadvise(pCookie); });
+  }
 
  private:
   InMemoryState& state_;

@@ -32,7 +32,7 @@ class InMemoryNominalFacet final : public Facet<INominalDataSet> {
     return state_.sender->GetProperty(pKey);
   }
   bool IsReady() override { return state_.is_ready; }
-  void ResetProperties() override { state_.ResetProperties(); }
+  void ResetProperties() override { state_.sender->ResetProperties(); }
   bool FormatDataAs(std::int32_t pFormat) override { return state_.sender->FormatDataAs(pFormat); }
 
  private:

@@ -6,6 +6,7 @@
 
 #include "inmemory/in_memory_data_set_facet.h"
 #include "inmemory/in_memory_embedding.h"
+#include "platform/only_errors.h"
 #include "support/math_helper.h"
 #include "tslm5/platform/error.h"
 
@@ -36,17 +37,21 @@ double Scan(const InMemoryState& state, std::int32_t column, std::int32_t from_r
 
 double InMemoryDataSetFacet::GetMax(std::int32_t pColumn, std::int32_t pFromRow,
                                     std::int32_t pToRow) {
-  return Scan(state_, pColumn, pFromRow, pToRow, kBelowAll,
-              [](double value, double best) { return value > best; });
+  return OnlyErrors([&] {
+    return Scan(state_, pColumn, pFromRow, pToRow, kBelowAll,
+                [](double value, double best) { return value > best; });
+  });
 }
 
 double InMemoryDataSetFacet::GetMin(std::int32_t pColumn, std::int32_t pFromRow,
                                     std::int32_t pToRow) {
-  return Scan(state_, pColumn, pFromRow, pToRow, kAboveAll,
-              [](double value, double best) { return value < best; });
+  return OnlyErrors([&] {
+    return Scan(state_, pColumn, pFromRow, pToRow, kAboveAll,
+                [](double value, double best) { return value < best; });
+  });
 }
 
-std::int32_t InMemoryDataSetFacet::GetTargetMinorityClassCount() {
+std::int32_t InMemoryDataSetFacet::GetTargetMinorityClassCount() try {
   std::unordered_map<double, std::int32_t> counts;
   const std::int32_t rows = state_.Rows();
   const std::int32_t response = state_.Columns() - 1;
@@ -57,9 +62,11 @@ std::int32_t InMemoryDataSetFacet::GetTargetMinorityClassCount() {
   std::int32_t smallest = counts.empty() ? 0 : rows;
   for (const auto& [value, count] : counts) smallest = std::min(smallest, count);
   return smallest;
+} catch (...) {
+  RaiseAsError();
 }
 
-void InMemoryDataSetFacet::GetAverageModel(VariantArray& pResult) {
+void InMemoryDataSetFacet::GetAverageModel(VariantArray& pResult) try {
   const std::int32_t rows = state_.Rows();
   const std::int32_t inputs = state_.Columns() - 1;
   if (rows > 0 && inputs == 0) RaiseDivisionByZero();
@@ -72,10 +79,12 @@ void InMemoryDataSetFacet::GetAverageModel(VariantArray& pResult) {
     }
     pResult[row] = sum / inputs;
   }
+} catch (...) {
+  RaiseAsError();
 }
 
 bool InMemoryDataSetFacet::FormatDataAs(std::int32_t) {
-  return EmbedSeries(state_);
+  return OnlyErrors([&] { return EmbedSeries(state_); });
 }
 
 void InMemoryDataSetFacet::Replace(std::string_view, std::int32_t, bool) {}

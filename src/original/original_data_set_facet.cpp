@@ -1,6 +1,7 @@
 #include "original/original_data_set_facet.h"
 
 #include "original/original_columns.h"
+#include "platform/only_errors.h"
 
 namespace tslm5 {
 
@@ -18,17 +19,17 @@ std::int32_t OriginalDataSetFacet::TerminalCount() {
 }
 
 std::string OriginalDataSetFacet::GetItemString(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
-  return std::string(state_.cells.Text(pColumnIndex, pRowIndex));
+  return OnlyErrors([&] { return std::string(state_.cells.Text(pColumnIndex, pRowIndex)); });
 }
 
 std::string OriginalDataSetFacet::GetLabel(std::int32_t pColumnIndex) {
-  return ElementOf(state_.labels, pColumnIndex);
+  return OnlyErrors([&] { return ElementOf(state_.labels, pColumnIndex); });
 }
 std::string OriginalDataSetFacet::GetLongLabel(std::int32_t pColumnIndex) {
-  return OriginalColumns::LongLabel(state_, pColumnIndex);
+  return OnlyErrors([&] { return OriginalColumns::LongLabel(state_, pColumnIndex); });
 }
 std::int32_t OriginalDataSetFacet::GetColumnIndex(std::int32_t pColumn) {
-  return ElementOf(state_.column_indexes, pColumn);
+  return OnlyErrors([&] { return ElementOf(state_.column_indexes, pColumn); });
 }
 std::int32_t OriginalDataSetFacet::GetRowNumber(std::int32_t pRowIndex) {
   return pRowIndex + 1;

@@ -1,18 +1,19 @@
 #include "original/original_facets.h"
 
 #include "original/original_loading.h"
+#include "platform/only_errors.h"
 #include "tslm5/contracts/codes.h"
 
 namespace tslm5 {
 
 void OriginalDeploymentFacet::Open(const Variant& pConnection, std::int32_t pSetType,
                                    bool pBinarise) {
-  OriginalLoading(state_).Open(pConnection, pSetType, pBinarise);
+  OnlyErrors([&] { OriginalLoading(state_).Open(pConnection, pSetType, pBinarise); });
 }
 
 void OriginalDeploymentFacet::OpenFromFile(std::string_view pDataFilePath, std::int32_t pSetType,
                                            bool pBinarise) {
-  OriginalLoading(state_).OpenFromFile(pDataFilePath, pSetType, pBinarise);
+  OnlyErrors([&] { OriginalLoading(state_).OpenFromFile(pDataFilePath, pSetType, pBinarise); });
 }
 
 bool OriginalDeploymentFacet::HasLabels() {
@@ -29,20 +30,20 @@ std::int32_t OriginalDeploymentFacet::TerminalCount() {
 }
 
 std::string OriginalDeploymentFacet::GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) {
-  return std::string(state_.cells.Text(pColumnIndex, pRowIndex));
+  return OnlyErrors([&] { return std::string(state_.cells.Text(pColumnIndex, pRowIndex)); });
 }
 
 std::string OriginalDeploymentFacet::GetLabel(std::int32_t pColumnIndex) {
-  return ElementOf(state_.labels, pColumnIndex);
+  return OnlyErrors([&] { return ElementOf(state_.labels, pColumnIndex); });
 }
 double OriginalDeploymentFacet::GetTargetMax() {
   return state_.target_maximum;
 }
 std::int32_t OriginalDeploymentFacet::GetRowOriginalIndex(std::int32_t pRowIndex) {
-  return ElementOf(state_.row_keys, pRowIndex);
+  return OnlyErrors([&] { return ElementOf(state_.row_keys, pRowIndex); });
 }
 bool OriginalDeploymentFacet::IsColumnCategorical(std::int32_t pColumnIndex) {
-  return ElementOf(state_.is_nominal, pColumnIndex);
+  return OnlyErrors([&] { return ElementOf(state_.is_nominal, pColumnIndex); });
 }
 
 bool OriginalDeploymentFacet::HasMissingValues(std::int32_t pColumnIndex) {
@@ -61,9 +62,11 @@ std::int32_t OriginalDeploymentFacet::GetDataSetRows(std::int32_t pSetType) {
   }
 }
 
-bool OriginalPersistableFacet::Load(const Variant& pRunPath, const Variant&) {
+bool OriginalPersistableFacet::Load(const Variant& pRunPath, const Variant&) try {
   OriginalLoading(state_).Open(pRunPath, data_set_type::kUnknown, true);
   return true;
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

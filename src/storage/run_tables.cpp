@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/only_errors.h"
 #include "storage/run_statements.h"
 #include "storage/transaction.h"
 #include "tslm5/engine/connection_service.h"
@@ -49,9 +50,13 @@ std::int32_t ReadVersion(IConnection& connection) {
 class RunSchema final : public CountedObject<IRunSchema> {
  public:
   std::string_view TypeName() override { return "RunSchema"; }
-  void CreateSchema(IUnknown* pRun) override { CreateRunTables(*ConnectionOf(pRun)); }
+  void CreateSchema(IUnknown* pRun) override {
+    OnlyErrors([&] { CreateRunTables(*ConnectionOf(pRun)); });
+  }
   std::int32_t NewestVersion() override { return kRunSchemaVersion; }
-  std::int32_t Version(IUnknown* pRun) override { return ReadVersion(*ConnectionOf(pRun)); }
+  std::int32_t Version(IUnknown* pRun) override {
+    return OnlyErrors([&] { return ReadVersion(*ConnectionOf(pRun)); });
+  }
 
  private:
   ~RunSchema() override = default;

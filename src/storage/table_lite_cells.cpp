@@ -1,4 +1,5 @@
 // Single cells and rows of a data table.
+#include "platform/only_errors.h"
 #include "storage/run_statements.h"
 #include "storage/table_lite.h"
 #include "tslm5/platform/error.h"
@@ -14,14 +15,12 @@ std::int32_t TableLite::Rows() {
 }
 
 bool TableLite::IsBinary() {
-  try {
+  return OrEmpty([&] {
     const std::string response = std::to_string(Columns() - 1);
     const Ref<IDataReader> reader = Connection()->ExecuteReader(
         FillStatement(run_statement::kCountClasses, {{"<COLUMN>", response}, {"<TABLE>", Name()}}));
     return reader->Read() && reader->GetInteger(0) == 2;
-  } catch (const Error&) {
-    return false;
-  }
+  });
 }
 
 bool TableLite::PutValue(std::int32_t pColumn, std::int32_t pRow, double pValue) {

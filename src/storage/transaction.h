@@ -2,7 +2,6 @@
 #define TSLM5_STORAGE_TRANSACTION_H_
 
 #include "tslm5/engine/connection.h"
-#include "tslm5/platform/error.h"
 
 namespace tslm5 {
 
@@ -30,7 +29,7 @@ class Transaction {
     open_ = false;
     try {
       connection_.RollbackTrans();
-    } catch (const Error&) {
+    } catch (...) {
       return;
     }
   }

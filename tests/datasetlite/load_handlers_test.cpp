@@ -62,9 +62,11 @@ TEST_F(DataSetLiteHandlers, ThatThrowBeforeOrInALoadUndoIt) {
   ExpectUsable();
 }
 
-TEST_F(DataSetLiteHandlers, MayThrowAnything) {
+TEST_F(DataSetLiteHandlers, ThatThrowAnythingElseAreHeardAsAnError) {
   On("record", [] { throw std::runtime_error("no Error"); });
-  EXPECT_THROW(Parse("7,8,9\n"), std::runtime_error);
+  const Error error = Raised([&] { Parse("7,8,9\n"); });
+  EXPECT_EQ(error.Number(), 51);
+  EXPECT_EQ(error.Description(), "no Error");
   EXPECT_EQ(events_->lines.back(), "AfterDataLoad 2 x 3: Data load failed.");
   EXPECT_EQ(set_.Everything(), before_);
   ExpectUsable();

@@ -97,7 +97,9 @@ class IDataSet : public IUnknown {
   virtual bool SetData(IUnknown* pSource, std::int32_t pDataSetType) = 0;
   /// Empties the dataset.
   virtual void Clear() = 0;
-  /// Largest value of a column over rows [pFromRow, pToRow]; 0, 0 means all rows.
+  /// Largest value of a column over rows [pFromRow, pToRow]; 0, 0 means all rows. Numbers alone
+  /// count; but rows 0, 0 of a `DataSetLite` are answered by the statistics last computed, where
+  /// text in the column makes the maximum 0.
   virtual double GetMax(std::int32_t pColumn, std::int32_t pFromRow, std::int32_t pToRow) = 0;
   /// Smallest value of a column over rows [pFromRow, pToRow]; 0, 0 means all rows.
   virtual double GetMin(std::int32_t pColumn, std::int32_t pFromRow, std::int32_t pToRow) = 0;
@@ -108,7 +110,8 @@ class IDataSet : public IUnknown {
   /// The generated name and the label as "d0:Height", where the class has both; else as `GetLabel`.
   virtual std::string GetLongLabel(std::int32_t pColumnIndex) = 0;
   /// Mean of a column from the statistics last computed. -9999 stands for a figure that the column
-  /// does not have, 0 for one that was not computed; so do the figures below.
+  /// does not have, 0 for one that was not computed; so do the figures below. A text in the column
+  /// counts as 0 here, and not at all in median and deviation.
   virtual double GetGlobalCentroid(std::int32_t pColumn) = 0;
   /// Median of a column from the statistics last computed.
   virtual double GetGlobalMedoid(std::int32_t pColumn) = 0;
@@ -132,7 +135,8 @@ class IDataSet : public IUnknown {
   /// The 1-based row number shown to users: `pRowIndex` + 1, also past the data. Raises 6 where
   /// that is no 32-bit number.
   virtual std::int32_t GetRowNumber(std::int32_t pRowIndex) = 0;
-  /// The key that joins the record to the original data.
+  /// The key that joins the record to the original data; a `DataSetLite` raises 41011 for an absent
+  /// row and for a key outside 32 bits.
   virtual std::int32_t GetRowOriginalIndex(std::int32_t pRowIndex) = 0;
   /// Number of records of a response class, counted from 0 in ascending order of the response; 0
   /// for one that is not there.

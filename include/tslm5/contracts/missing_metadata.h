@@ -11,8 +11,8 @@ namespace tslm5 {
 
 /// The missing values of a run and their replacements, one mapping a column and token. Columns are
 /// zero-based. Nothing is remembered: every call reads the tables. Values are pasted into
-/// statements as they are, so an apostrophe fails. What the engine raises passes on; without a run
-/// 41001.
+/// statements as they are, so an apostrophe raises 1 before the first of them. What the engine
+/// raises passes on; without a run 41001.
 class IMissingMetadata : public IUnknown {
  public:
   /// For `QueryInterface`, `Query` and `Ref::As`.

@@ -12,8 +12,9 @@ namespace tslm5 {
 
 /// The categorical columns of a run: their categories, numeric codes, and the response's encoding.
 /// Columns are zero-based; column i is named "d" and i. But for `GetIsCategorical` every call reads
-/// the tables. Values are pasted into statements as they are, so an apostrophe fails. What the
-/// engine raises passes on and what was done before stays; without a run 41001.
+/// the tables. Values are pasted into statements as they are, so one with an apostrophe raises 1
+/// before the first of them. What the engine raises passes on and what was done before stays;
+/// without a run 41001.
 class INominalDataSetMetadata : public IUnknown {
  public:
   /// For `QueryInterface`, `Query` and `Ref::As`.

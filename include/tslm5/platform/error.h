@@ -2,7 +2,7 @@
 #define TSLM5_PLATFORM_ERROR_H_
 
 #include <cstdint>
-#include <stdexcept>
+#include <exception>
 #include <string>
 #include <utility>
 
@@ -12,15 +12,19 @@ namespace tslm5 {
 /// extended result codes, except `kNoCurrentRecord`.
 namespace error_number {
 
+/// A statement that the engine cannot run, or that a text would break.
+inline constexpr std::int32_t kBrokenStatement = 1;
 inline constexpr std::int32_t kInvalidCall = 5;  ///< missing key, or an argument of no meaning
 /// A number outside 32 bits, or an infinite one for a table.
 inline constexpr std::int32_t kOverflow = 6;
-inline constexpr std::int32_t kOutOfMemory = 7;  ///< no room for cells or, in the engine, anything
+inline constexpr std::int32_t kOutOfMemory = 7;  ///< no room for what was to be made
 /// An index outside an array, a record or the data in memory.
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kDivisionByZero = 11;  ///< a mean of no values, a scale of no width
 /// A value that cannot be converted, an object of the wrong kind.
 inline constexpr std::int32_t kTypeMismatch = 13;
+/// An exception that is no `Error`, such as a handler's own; the description has its words.
+inline constexpr std::int32_t kForeignException = 51;
 inline constexpr std::int32_t kFileNotFound = 53;  ///< a run or a text to be loaded is not there
 inline constexpr std::int32_t kFileAccess = 75;    ///< a file exists but cannot be read or written
 /// A getter was called before the first or past the last record.
@@ -59,17 +63,20 @@ inline constexpr std::int32_t kNotImplemented = -10000;
 }  // namespace error_number
 
 /// A raised failure: a number, the operation that failed, and words for the user.
-/// Source and description may be empty where the contract gives only a number.
-class Error : public std::runtime_error {
+/// Source and description may be empty where the contract gives only a number. One with texts of at
+/// most 15 bytes allocates nothing, so that a lack of memory can still be raised.
+class Error : public std::exception {
  public:
-  /// `number` is one of `error_number` or an engine code. `what()` is the description, or
-  /// "error <number>" without one.
+  /// `number` is one of `error_number` or an engine code.
   explicit Error(std::int32_t number, std::string source = {}, std::string description = {})
-      : std::runtime_error(description.empty() ? "error " + std::to_string(number) : description),
-        number_(number),
-        source_(std::move(source)),
-        description_(std::move(description)) {}
+      : number_(number), source_(std::move(source)), description_(std::move(description)) {
+    if (description_.empty()) number_text_ = "error " + std::to_string(number);
+  }
 
+  /// `Description()`, or "error <number>" without one.
+  const char* what() const noexcept override {
+    return description_.empty() ? number_text_.c_str() : description_.c_str();
+  }
   /// What callers tell failures apart by.
   std::int32_t Number() const { return number_; }
   /// The operation, as the contract names it; lives as long as the error.
@@ -81,6 +88,7 @@ class Error : public std::runtime_error {
   std::int32_t number_;
   std::string source_;
   std::string description_;
+  std::string number_text_;  // empty beside a description
 };
 
 /// Raises 13.
@@ -91,6 +99,11 @@ class Error : public std::runtime_error {
 /// Raises 6.
 [[noreturn]] inline void RaiseOverflow() {
   throw Error(error_number::kOverflow, "", "Overflow");
+}
+
+/// Raises 7, and needs no memory to do so.
+[[noreturn]] inline void RaiseOutOfMemory() {
+  throw Error(error_number::kOutOfMemory, "", "Out of memory");
 }
 
 /// Raises 9.
