@@ -9,6 +9,7 @@
 
 #include "datasetlite/missing_figures.h"
 #include "datasetlite/query_dictionary.h"
+#include "platform/only_errors.h"
 #include "storage/run_statements.h"
 #include "storage/sql_number.h"
 #include "storage/sqlite_helpers.h"
@@ -33,23 +34,31 @@ std::string MappingText(IDataReader& reader) {
 }  // namespace
 
 void MissingMetadataFacet::UpdateMissing(std::int32_t pColumnIndex, const Variant& pOriginalvalue,
-                                         const Variant& pNewValue, std::int32_t pNewValueType) {
+                                         const Variant& pNewValue, std::int32_t pNewValueType) try {
   const double value = pNewValue.ToDouble();
-  ConnectionOf(state_)->Execute(
+  const std::string token = pOriginalvalue.ToString();
+  const Ref<IConnection> connection = ConnectionOf(state_);
+  RefuseApostrophe(token, "UpdateMissing");
+  connection->Execute(
       FillStatement(run_statement::kUpdateMissingMapping,
                     {{"<VALUE>", std::isnan(value) ? "NULL" : SqlNumber(value)},
                      {"<TYPE>", std::to_string(pNewValueType)},
                      {"<COLUMN>", std::to_string(pColumnIndex)},
-                     {"<TOKEN>", pOriginalvalue.ToString()}}));
+                     {"<TOKEN>", token}}));
+} catch (...) {
+  RaiseAsError();
 }
 
 Variant MissingMetadataFacet::GetIndexes() {
-  return QueryToDictionary(state_, run_statement::kSelectMissingIndexes);
+  return OnlyErrors(
+      [&] { return QueryToDictionary(state_, run_statement::kSelectMissingIndexes); });
 }
 
 std::int32_t MissingMetadataFacet::GetMissingCount(std::int32_t pColumnIndex) {
-  return SqliteHelpers::QueryInteger(*ConnectionOf(state_),
-                                     OfColumn(run_statement::kSumMissingCounts, pColumnIndex));
+  return OnlyErrors([&] {
+    return SqliteHelpers::QueryInteger(*ConnectionOf(state_),
+                                       OfColumn(run_statement::kSumMissingCounts, pColumnIndex));
+  });
 }
 
 bool MissingMetadataFacet::ApplyMissing(std::int32_t pColumnIndex) {
@@ -62,13 +71,15 @@ bool MissingMetadataFacet::ApplyMissing(std::int32_t pColumnIndex) {
   return true;
 }
 
-Variant MissingMetadataFacet::GetMissingFixedValues(std::int32_t pColumnIndex) {
+Variant MissingMetadataFacet::GetMissingFixedValues(std::int32_t pColumnIndex) try {
   auto texts = std::make_shared<VariantArray>();
   const Ref<IDataReader> reader = ConnectionOf(state_)->ExecuteReader(
       OfColumn(run_statement::kSelectMissingMappings, pColumnIndex));
   while (reader->Read()) texts->Elements().emplace_back(MappingText(*reader));
   reader->Close();
   return texts;
+} catch (...) {
+  RaiseAsError();
 }
 
 double MissingMetadataFacet::NormalizeValue(std::int32_t column, double value,
@@ -112,9 +123,11 @@ void MissingMetadataFacet::Apply(std::int32_t column) {
     const std::int32_t type = SqliteHelpers::GetIntParameter(*connection, "NormalizationType");
     while (reader->Read()) {
       if (reader->IsNull(1)) continue;  // not chosen yet
+      std::string token = reader->GetString(0);
+      RefuseApostrophe(token, "ApplyMissing");
       // Text that is no number raises: a getter of numbers would make it 0.
       const double number = NormalizeValue(column, reader->GetValue(1).ToDouble(), type);
-      replacements.emplace_back(reader->GetString(0), SqlNumber(number));
+      replacements.emplace_back(std::move(token), SqlNumber(number));
     }
   }
   const bool has_testing_set = connection->TableExists("TestingSet");

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "datasetlite/query_dictionary.h"
+#include "platform/only_errors.h"
 #include "storage/run_statements.h"
 #include "storage/sql_number.h"
 #include "storage/sqlite_helpers.h"
@@ -49,26 +50,31 @@ std::string NominalMetadataFacet::Response() const {
   return std::to_string(state_.sender->TerminalCount());
 }
 
-Variant NominalMetadataFacet::GetCategories(std::int32_t pColumnIndex) {
+Variant NominalMetadataFacet::GetCategories(std::int32_t pColumnIndex) try {
   const std::string_view statement = GetIsCategorical(pColumnIndex)
                                          ? run_statement::kSelectCategories
                                          : run_statement::kSelectNumericCategories;
   return QueryToDictionary(state_, OfColumn(statement, std::to_string(pColumnIndex)));
+} catch (...) {
+  RaiseAsError();
 }
 
 Variant NominalMetadataFacet::GetCategoricalIndexes() {
-  return QueryToDictionary(state_, run_statement::kSelectNominalIndexes);
+  return OnlyErrors(
+      [&] { return QueryToDictionary(state_, run_statement::kSelectNominalIndexes); });
 }
 
 Variant NominalMetadataFacet::GetCategoricalNames() {
-  return QueryToDictionary(state_, run_statement::kSelectNominalNames);
+  return OnlyErrors([&] { return QueryToDictionary(state_, run_statement::kSelectNominalNames); });
 }
 
 void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_view pNominal,
-                                          const Variant& pValue) {
+                                          const Variant& pValue) try {
   const std::string value = SqlNumber(pValue.ToDouble());
+  const Ref<IConnection> connection = ConnectionOf(state_);
+  for (const std::string_view text : {pName, pNominal}) RefuseApostrophe(text, "UpdateCategory");
   // The code itself is not wanted: an unknown category fails here, before anything is changed.
-  SqliteHelpers::QueryDouble(*ConnectionOf(state_),
+  SqliteHelpers::QueryDouble(*connection,
                              FillStatement(run_statement::kSelectCategoryCode,
                                            {{"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
   Execute(FillStatement(run_statement::kUpdateCategoryCode,
@@ -78,9 +84,11 @@ void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_vi
   state_.statistics.Empty();
   if (!TestingSetExists()) return;
   Execute(CellsStatement(run_statement::kUpdateCategoryCells, kTestingSet, pName, value, pNominal));
+} catch (...) {
+  RaiseAsError();
 }
 
-bool NominalMetadataFacet::AnalyseResponseCategories(std::string& pMessage) {
+bool NominalMetadataFacet::AnalyseResponseCategories(std::string& pMessage) try {
   const std::string response = Response();
   if (SqliteHelpers::QueryInteger(*ConnectionOf(state_),
                                   OfColumn(run_statement::kCountCategoryCodes, response)) != 2) {
@@ -96,6 +104,8 @@ bool NominalMetadataFacet::AnalyseResponseCategories(std::string& pMessage) {
   }
   pMessage = "Unable to proceed: The response variable must have a unique Singled Out Class.";
   return false;
+} catch (...) {
+  RaiseAsError();
 }
 
 bool NominalMetadataFacet::GetIsCategorical(std::int32_t pColumnIndex) {
@@ -104,15 +114,20 @@ bool NominalMetadataFacet::GetIsCategorical(std::int32_t pColumnIndex) {
 }
 
 double NominalMetadataFacet::GetModeMapping(std::int32_t pColumnIndex) {
-  return SqliteHelpers::QueryDouble(*ConnectionOf(state_), OfColumn(run_statement::kSelectModeCode,
-                                                                    std::to_string(pColumnIndex)));
+  return OnlyErrors([&] {
+    return SqliteHelpers::QueryDouble(
+        *ConnectionOf(state_),
+        OfColumn(run_statement::kSelectModeCode, std::to_string(pColumnIndex)));
+  });
 }
 
 bool NominalMetadataFacet::IsResponseMerging() {
-  return SqliteHelpers::QueryInteger(*ConnectionOf(state_), run_statement::kSelectMerging) == 1;
+  return OnlyErrors([&] {
+    return SqliteHelpers::QueryInteger(*ConnectionOf(state_), run_statement::kSelectMerging) == 1;
+  });
 }
 
-void NominalMetadataFacet::UpdateMergingResponseCategories() {
+void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   ConnectionOf(state_);  // without a run there is no response either: that is told first
   if (state_.sender->Columns() == 0) {
     throw Error(error_number::kInvalidData, "UpdateMergingResponseCategories",
@@ -123,6 +138,7 @@ void NominalMetadataFacet::UpdateMergingResponseCategories() {
     return SqliteHelpers::QueryString(*ConnectionOf(state_), OfColumn(statement, response));
   };
   const std::string positive_class = query(run_statement::kSelectSmallestGroupNominal);
+  RefuseApostrophe(positive_class, "UpdateMergingResponseCategories");
   const double positive_code = CodeOf(query(run_statement::kSelectSmallestGroupCode));
   double negative_code = CodeOf(query(run_statement::kSelectLargestGroupCode));
   // Of groups of one size the database may give the same one twice; equal codes would level the
@@ -146,10 +162,12 @@ void NominalMetadataFacet::UpdateMergingResponseCategories() {
   };
   encode(kTrainingSet);
   if (TestingSetExists()) encode(kTestingSet);
+} catch (...) {
+  RaiseAsError();
 }
 
 void NominalMetadataFacet::GetResponseEncoding(std::string& pPositiveClass, double& pZeroValue,
-                                               double& pOneValue) {
+                                               double& pOneValue) try {
   const Ref<IDataReader> reader =
       ConnectionOf(state_)->ExecuteReader(run_statement::kSelectResponseEncoding);
   if (reader->Read()) {
@@ -158,10 +176,16 @@ void NominalMetadataFacet::GetResponseEncoding(std::string& pPositiveClass, doub
     pOneValue = reader->GetDouble(2);
   }
   reader->Close();
+} catch (...) {
+  RaiseAsError();
 }
 
-void NominalMetadataFacet::SavePositiveClass(std::string_view pPositiveClass) {
+void NominalMetadataFacet::SavePositiveClass(std::string_view pPositiveClass) try {
+  ConnectionOf(state_);  // without a run there is nothing to record: that is told first
+  RefuseApostrophe(pPositiveClass, "SavePositiveClass");
   Execute(FillStatement(run_statement::kUpdatePositiveClass, {{"<CLASS>", pPositiveClass}}));
+} catch (...) {
+  RaiseAsError();
 }
 
 }  // namespace tslm5

@@ -1,5 +1,7 @@
 #include "storage/run_statements.h"
 
+#include "tslm5/platform/error.h"
+
 namespace tslm5 {
 
 std::string FillStatement(
@@ -25,6 +27,14 @@ std::string FillStatement(
     }
   }
   return filled;
+}
+
+void RefuseApostrophe(std::string_view text, std::string_view source) {
+  if (text.find('\'') == std::string_view::npos) return;
+  throw Error(error_number::kBrokenStatement, std::string(source),
+              "The value \"" + std::string(text) +
+                  "\" holds an apostrophe, which no statement about it can take. Nothing was "
+                  "changed; write it without one in the original data.");
 }
 
 std::string InsertRowHead(std::string_view table_name) {

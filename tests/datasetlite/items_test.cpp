@@ -109,6 +109,20 @@ TEST_F(DataSetLiteRowKeys, OfAbsentRowsRaise) {
   }
 }
 
+TEST_F(DataSetLiteRowKeys, OutsideThirtyTwoBitsRaise) {
+  Parse("1,20\n");
+  for (const char* key : {"2147483648", "-2147483649", "9223372036854775807"}) {
+    run_.Execute("UPDATE TrainingSet SET row = " + std::string(key));
+    const Error error = Raised([&] { set_->GetRowOriginalIndex(0); });
+    EXPECT_EQ(error.Number(), 41011) << key;
+    EXPECT_EQ(error.Source(), "GetRowNumber") << key;
+    EXPECT_EQ(error.Description(), "Invalid Row") << key;
+    EXPECT_EQ(RaisedNumber([&] { set_->GetRowOriginalValue(0, 0); }), 0) << "no such column";
+  }
+  run_.Execute("UPDATE TrainingSet SET row = -2147483648");
+  EXPECT_EQ(set_->GetRowOriginalIndex(0), -2147483647 - 1);
+}
+
 TEST_F(DataSetLiteRowKeys, AreFoundBehindTheColumnsOfEachNewTable) {
   for (const char* bytes : {"10,20,30\n40,50,60\n", "70\n80\n", "10,20,30,40\n50,60,70,80\n"}) {
     Parse(bytes);

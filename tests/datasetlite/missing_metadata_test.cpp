@@ -105,7 +105,9 @@ TEST_F(MissingMetadata, RefusesAReplacementThatIsNoNumber) {
   EXPECT_EQ(update(Null{}, 5), error_number::kTypeMismatch);
   EXPECT_EQ(update("?", std::numeric_limits<double>::infinity()), error_number::kOverflow);
   EXPECT_TRUE(run_.Log().statements.empty());
-  EXPECT_EQ(update("it's", 5), 1);
+  for (const char* token : {"it's", "?' OR 'a'='a", "?'--"})
+    EXPECT_EQ(update(token, 5), 1) << token;
+  EXPECT_TRUE(run_.Log().statements.empty());
   EXPECT_EQ(run_.TableRows("MissingMappings"), before);
 }
 

@@ -233,10 +233,12 @@ TEST_F(ResponseCategories, MergeThatFailsMidwayKeepsWhatWasDone) {
 }
 
 TEST_F(ResponseCategories, MergeFailsOnAnApostropheAndChangesNothing) {
-  Recode({{"no", "0"}, {"it''s", "1"}, {"maybe", "0"}});
-  EXPECT_EQ(RaisedNumber([&] { Merge(); }), 1);
-  EXPECT_EQ(Encoding(), (Lines{"yes|1|0"}));
-  EXPECT_EQ(Training("d2"), (Lines{"0", "1", "0", "2"}));
+  for (const char* positive : {"it''s", "yes'' OR ''a''=''a", "yes''--"}) {
+    Recode({{"no", "0"}, {positive, "1"}, {"maybe", "0"}});
+    EXPECT_EQ(RaisedNumber([&] { Merge(); }), 1) << positive;
+    EXPECT_EQ(Encoding(), (Lines{"yes|1|0"})) << positive;
+    EXPECT_EQ(Training("d2"), (Lines{"0", "1", "0", "2"})) << positive;
+  }
 }
 
 TEST_F(ResponseCategories, TheEncodingIsRead) {
@@ -270,8 +272,10 @@ TEST_F(ResponseCategories, ThePositiveClassIsRecordedAlone) {
   EXPECT_EQ(Encoding(), (Lines{"maybe|1|0"}));
   EXPECT_EQ(run_.Log().statements, (Lines{"UPDATE ResponseEncoding SET PositiveClass = 'maybe'"}));
   EXPECT_EQ(Training("d2"), (Lines{"0", "1", "0", "2"}));
-  EXPECT_EQ(RaisedNumber([&] { Nominal()->SavePositiveClass("it's"); }), 1);
-  EXPECT_EQ(Encoding(), (Lines{"maybe|1|0"}));
+  for (const char* text : {"it's", "no' || 'x", "no'--", "no', NewPositiveValue = '7"}) {
+    EXPECT_EQ(RaisedNumber([&] { Nominal()->SavePositiveClass(text); }), 1) << text;
+    EXPECT_EQ(Encoding(), (Lines{"maybe|1|0"})) << text;
+  }
 }
 
 }  // namespace

@@ -133,10 +133,19 @@ TEST_F(UpdateCategory, KeepsEveryDigit) {
   EXPECT_EQ(set_->GetItem(0, 0), 1e300);
 }
 
-TEST_F(UpdateCategory, FailsOnAnApostropheAndChangesNothing) {
+TEST_F(UpdateCategory, RefusesAnApostropheBeforeTheFirstStatement) {
   Execute("INSERT INTO DataSetColumnCategories VALUES ('d0', 'it''s', 4, 1)");
-  EXPECT_EQ(Refusal("d0", "it's", 5), 1);
-  EXPECT_EQ(Refusal("d0", "red'; DELETE FROM TrainingSet; --", 5), 1);
+  for (const char* nominal : {"it's", "red'--", "red' OR 'a'='a", "red'; DELETE FROM TrainingSet; --",
+                              "'", "red' AND d0 = 'red"}) {
+    EXPECT_EQ(Refusal("d0", nominal, 5), 1) << nominal;
+  }
+  EXPECT_EQ(Refusal("d0' OR 'a'='a", "red", 5), 1);
+  EXPECT_TRUE(run_.Log().statements.empty());
+  const Error error = Raised([&] { Update("d0", "it's", 5); });
+  EXPECT_EQ(error.Source(), "UpdateCategory");
+  EXPECT_EQ(error.Description(),
+            "The value \"it's\" holds an apostrophe, which no statement about it can take. Nothing "
+            "was changed; write it without one in the original data.");
 }
 
 TEST_F(UpdateCategory, KeepsWhatWasDoneBeforeAFailure) {
