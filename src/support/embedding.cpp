@@ -1,5 +1,8 @@
 #include "support/embedding.h"
 
+#include <cmath>
+#include <string>
+
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/variant.h"
 
@@ -10,6 +13,14 @@ std::int32_t ReadInteger(const PropertyBag& properties, const char* key) {
   return Variant(properties.Find(key)).ToInteger();
 }
 
+/// Whether a property is a whole number, or missing; what is no number raises 13.
+bool IsWhole(const PropertyBag& properties, const char* key) {
+  const std::string& text = properties.Find(key);
+  if (text.empty()) return true;
+  const double number = Variant(text).ToDouble();
+  return number == std::nearbyint(number);
+}
+
 }  // namespace
 
 EmbeddingStep EmbeddingStep::Of(const PropertyBag& properties) {
@@ -18,6 +29,10 @@ EmbeddingStep EmbeddingStep::Of(const PropertyBag& properties) {
 }
 
 std::optional<Embedding> Embedding::Of(const PropertyBag& properties, std::int32_t series_rows) {
+  for (const char* key : {property_key::kEmbeddingDimension, property_key::kDelayTime,
+                          property_key::kTestingSamples}) {
+    if (!IsWhole(properties, key)) return std::nullopt;
+  }
   Embedding embedding;
   embedding.step_ = EmbeddingStep::Of(properties);
   embedding.series_rows_ = series_rows;

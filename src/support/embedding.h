@@ -31,8 +31,9 @@ struct EmbeddingStep {
 class Embedding {
  public:
   /// The embedding of a series of `series_rows` values under a set's properties, or nothing when
-  /// there is none: a dimension or a delay below 1, a negative "TestingSamples" (missing: 0), or
-  /// too few values for a single record. Raises what `EmbeddingStep::Of` raises.
+  /// there is none: a dimension or a delay below 1, a negative "TestingSamples" (missing: 0), one
+  /// of them that is no whole number, or too few values for a single record. Raises what
+  /// `EmbeddingStep::Of` raises.
   static std::optional<Embedding> Of(const PropertyBag& properties, std::int32_t series_rows);
 
   const EmbeddingStep& Step() const { return step_; }

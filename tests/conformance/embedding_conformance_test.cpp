@@ -95,6 +95,22 @@ TEST_P(EmbeddingConformance, NeedsASeries) {
   EXPECT_THAT(Records(), ElementsAre("1,2", "3,4", "5,6"));
 }
 
+TEST_P(EmbeddingConformance, NeedsWholeNumbers) {
+  ParseCount(6);
+  for (const char* key : {"EmbeddingDimension", "DelayTime", "TestingSamples"}) {
+    for (const char* fraction : {"1.5", "0.5", "1.0000001"}) {
+      for (const char* whole : {"EmbeddingDimension", "DelayTime", "TestingSamples"}) {
+        set_->SetProperty("1", whole);
+      }
+      set_->SetProperty(fraction, key);
+      EXPECT_FALSE(set_->FormatDataAs(0)) << key << " " << fraction;
+    }
+    set_->SetProperty("1.0", key);
+  }
+  EXPECT_EQ(set_->Rows(), 6);
+  EXPECT_TRUE(set_->FormatDataAs(0)) << "1.0 is a whole number";
+}
+
 TEST_P(EmbeddingConformance, NeedsItsProperties) {
   ParseCount(6);
   EXPECT_FALSE(set_->FormatDataAs(0));
