@@ -16,7 +16,8 @@ struct ColumnRange {
 
 /// Sizes `array` for the rows of `range`, indexed by row, and tests the column after that; see
 /// `IVectorize::Vectorize`. Returns the row behind the last one to be read. A count below -1 raises
-/// 9, a column above `columns` 12125, a negative one 12126, both with the given source.
+/// 9, more than 2^30 elements 7, a column above `columns` 12125, a negative one 12126, both with
+/// the given source.
 std::int32_t SizeColumnVector(VariantArray& array, const ColumnRange& range, std::int32_t rows,
                               std::int32_t columns, const char* source);
 

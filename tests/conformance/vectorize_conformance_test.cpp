@@ -1,4 +1,6 @@
 // `IVectorize::Vectorize` of the data and `IExtraSet::Vectorize`: the same rules, other data.
+#include <limits>
+
 #include "conformance/set_under_test.h"
 
 namespace tslm5 {
@@ -62,6 +64,18 @@ TEST_P(VectorizeConformance, TakesNoRows) {
 
 TEST_P(VectorizeConformance, RefusesNegativeCountsButMinusOne) {
   for (const bool is_extra : {false, true}) EXPECT_EQ(Take(is_extra, 0, 0, -2), 9);
+}
+
+TEST_P(VectorizeConformance, RefusesMoreElementsThanMemoryHolds) {
+  constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+  array_ = VariantArray({Variant(1)});
+  for (const bool is_extra : {false, true}) {
+    EXPECT_EQ(Take(is_extra, 0, 0, kHighest), error_number::kOutOfMemory);
+    EXPECT_EQ(error_.Description(), "Out of memory");
+    EXPECT_EQ(Take(is_extra, 0, kLowest, -1), error_number::kOutOfMemory);
+    EXPECT_EQ(array_.Size(), 1U) << "the array is as it was";
+  }
 }
 
 TEST_P(VectorizeConformance, RefusesAColumnOnceTheArrayHasItsSize) {
