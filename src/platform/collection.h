@@ -30,8 +30,15 @@ class KeyedCollection {
 
   /// Adds a new entry at the end. A key already present raises 457 and changes nothing.
   void Add(std::string_view key, Value value) {
-    if (!places_.emplace(FoldKey(key), entries_.size()).second) RaiseKeyPresent(key);
+    std::string folded = FoldKey(key);
+    if (places_.contains(folded)) RaiseKeyPresent(key);
     entries_.emplace_back(std::string(key), std::move(value));
+    try {
+      places_.emplace(std::move(folded), entries_.size() - 1);
+    } catch (...) {  // an entry without a place would never be found
+      entries_.pop_back();
+      throw;
+    }
   }
 
   /// The value under `key`. An absent key raises 5 with `source`.

@@ -19,20 +19,22 @@ class Dictionary {
  public:
   /// Adds a new entry at the end. A key already present raises 457 and changes nothing.
   void Add(const Variant& key, Variant value) {
-    if (!places_.emplace(Encode(key), entries_.size()).second) {
+    std::string code = Encode(key);
+    if (places_.contains(code)) {
       throw Error(error_number::kKeyPresent, "Dictionary",
                   "The key \"" + key.ToString() + "\" is already present.");
     }
-    entries_.emplace_back(key, std::move(value));
+    Append(std::move(code), key, std::move(value));
   }
 
   /// Writes the value of a key, adding the key at the end when it is new.
   void Set(const Variant& key, Variant value) {
-    const auto place = places_.emplace(Encode(key), entries_.size());
-    if (place.second) {
-      entries_.emplace_back(key, std::move(value));
+    std::string code = Encode(key);
+    const auto place = places_.find(code);
+    if (place == places_.end()) {
+      Append(std::move(code), key, std::move(value));
     } else {
-      entries_[place.first->second].second = std::move(value);
+      entries_[place->second].second = std::move(value);
     }
   }
 
@@ -67,6 +69,16 @@ class Dictionary {
         return code.append(key.ToString());
       default:
         RaiseTypeMismatch();
+    }
+  }
+
+  void Append(std::string code, const Variant& key, Variant value) {
+    entries_.emplace_back(key, std::move(value));
+    try {
+      places_.emplace(std::move(code), entries_.size() - 1);
+    } catch (...) {  // an entry without a place would never be found
+      entries_.pop_back();
+      throw;
     }
   }
 
