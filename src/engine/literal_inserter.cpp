@@ -26,20 +26,21 @@ bool HasRealAffinity(const char* declared_type) {
 
 }  // namespace
 
-bool LiteralInserter::TryRun(std::string_view sql) {
+const StatementEffects* LiteralInserter::TryRun(std::string_view sql) {
   Kept* kept = Find(sql);
-  if (kept == nullptr || !Bind(*kept, sql.substr(kept->head.size()))) return false;
+  if (kept == nullptr || !Bind(*kept, sql.substr(kept->head.size()))) return nullptr;
   kept->statement.RunFor(sql);
-  return true;
+  return &kept->effects;
 }
 
-bool LiteralInserter::TryRunNumbers(std::string_view head, std::span<const double> numbers,
-                                    std::int32_t row) {
+const StatementEffects* LiteralInserter::TryRunNumbers(std::string_view head,
+                                                       std::span<const double> numbers,
+                                                       std::int32_t row) {
   Kept* kept = Find(head);
   const std::size_t count = numbers.size();
-  if (kept == nullptr || kept->head != head || kept->is_real.size() != count + 1) return false;
+  if (kept == nullptr || kept->head != head || kept->is_real.size() != count + 1) return nullptr;
   for (std::size_t i = 0; i < count; ++i) {
-    if (kept->is_real[i] == 0 || std::isinf(numbers[i])) return false;
+    if (kept->is_real[i] == 0 || std::isinf(numbers[i])) return nullptr;
   }
   int parameter = 0;
   for (const double number : numbers) {
@@ -52,7 +53,7 @@ bool LiteralInserter::TryRunNumbers(std::string_view head, std::span<const doubl
   }
   kept->statement.BindInteger(parameter + 1, row);
   kept->statement.RunFor(head);
-  return true;
+  return &kept->effects;
 }
 
 LiteralInserter::Kept* LiteralInserter::Find(std::string_view sql) {
@@ -91,7 +92,7 @@ std::unique_ptr<LiteralInserter::Kept> LiteralInserter::Make(std::string_view sq
   std::string text = kept->head;
   for (std::size_t i = 0; i < kept->is_real.size(); ++i) text += i == 0 ? "?" : ",?";
   text += ")";
-  kept->statement = SqliteStatement(database_, text);
+  kept->statement = watch_.Compile(text, kept->effects);
   kept->unquoted.resize(kept->is_real.size());
   return kept;
 }

@@ -12,6 +12,7 @@
 
 #include "engine/insert_literals.h"
 #include "engine/sqlite_statement.h"
+#include "engine/statement_watch.h"
 
 namespace tslm5 {
 
@@ -20,25 +21,27 @@ namespace tslm5 {
 /// is converted here, correctly rounded, and bound as a double; everything else is left to SQLite.
 class LiteralInserter {
  public:
-  explicit LiteralInserter(sqlite3* database) : database_(database) {}
+  LiteralInserter(sqlite3* database, StatementWatch& watch) : database_(database), watch_(watch) {}
 
-  /// Runs `sql` and returns true; or returns false, having done nothing, when its shape is not
-  /// known beyond doubt. Raises SQLite's error when the row is refused.
-  bool TryRun(std::string_view sql);
+  /// Runs `sql` and returns its effects; or returns nothing, having done nothing, when its shape is
+  /// not known beyond doubt. Raises SQLite's error when the row is refused.
+  const StatementEffects* TryRun(std::string_view sql);
 
   /// The same for `head` ("INSERT INTO t VALUES (") and values that are ready: `numbers`, NaN for
-  /// NULL, and `row`. False as well for an infinite number or a column that is not of REAL
+  /// NULL, and `row`. Nothing as well for an infinite number or a column that is not of REAL
   /// affinity.
-  bool TryRunNumbers(std::string_view head, std::span<const double> numbers, std::int32_t row);
+  const StatementEffects* TryRunNumbers(std::string_view head, std::span<const double> numbers,
+                                        std::int32_t row);
 
   /// Forgets the kept statements: the schema may have changed.
-  void Clear() { kept_.clear(); }
+  void Clear() noexcept { kept_.clear(); }
 
  private:
   struct Kept {
     std::string head;  // "INSERT INTO t VALUES ("
     std::vector<char> is_real;
     SqliteStatement statement;
+    StatementEffects effects;
     std::vector<std::string> unquoted;  // one buffer a column, for texts with apostrophes
   };
 
@@ -48,6 +51,7 @@ class LiteralInserter {
   static void BindOne(Kept& kept, int column, const InsertLiteral& literal);
 
   sqlite3* database_;
+  StatementWatch& watch_;
   std::vector<std::unique_ptr<Kept>> kept_;  // the last one used stands first
 };
 

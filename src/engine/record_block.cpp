@@ -13,10 +13,11 @@ constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 }  // namespace
 
-void RecordBlock::Append(sqlite3_stmt* statement, bool has_key) {
+void RecordBlock::Append(sqlite3_stmt* statement, const Layout& layout) {
   const std::size_t record = keys_.size();
-  const int first = has_key ? 1 : 0;
-  keys_.push_back(has_key ? sqlite3_column_int64(statement, 0) : static_cast<std::int64_t>(record));
+  const int first = layout.first_field;
+  keys_.push_back(layout.key_column >= 0 ? sqlite3_column_int64(statement, layout.key_column)
+                                         : static_cast<std::int64_t>(record));
   const int fields = static_cast<int>(is_integer_.size());
   for (int field = 0; field < fields; ++field) {
     const int column = first + field;
@@ -53,11 +54,12 @@ Variant RecordBlock::Value(std::size_t record, int field) const {
 
 void RecordBlock::Put(std::size_t record, int field, double value) {
   const std::size_t place = Place(record, field);
-  numbers_[place] = value;
-  others_.erase(place);
   if (is_integer_[static_cast<std::size_t>(field)] != 0 && !std::isnan(value)) {
-    others_.emplace(place, Variant(value));
+    others_.insert_or_assign(place, Variant(value));  // first: it may find no memory
+  } else {
+    others_.erase(place);
   }
+  numbers_[place] = value;
 }
 
 }  // namespace tslm5

@@ -21,9 +21,14 @@ class RecordBlock {
         numbers_(capacity * static_cast<std::size_t>(fields)),
         is_integer_(static_cast<std::size_t>(fields)) {}
 
-  /// Adds the record that `statement` stands on. Its first column is the record's key and is not a
-  /// field; without a key, pass `has_key` false and the place in the result serves as one.
-  void Append(sqlite3_stmt* statement, bool has_key);
+  /// Where a result has the key of a record and the first of its fields.
+  struct Layout {
+    int key_column = -1;  // -1 for none: the place in the result serves as one
+    int first_field = 0;
+  };
+
+  /// Adds the record that `statement` stands on.
+  void Append(sqlite3_stmt* statement, const Layout& layout);
 
   std::size_t Size() const { return keys_.size(); }
   std::int64_t Key(std::size_t record) const { return keys_[record]; }

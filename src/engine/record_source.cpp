@@ -60,16 +60,22 @@ void RecordSource::Refresh() {
 }
 
 void RecordSource::RecognizeTable(std::string_view sql) {
+  name_.clear();
   table_.clear();
   columns_.clear();
+  key_field_ = -1;
   const std::string_view name = WholeTableName(sql);
   if (name.empty()) return;
   SqliteStatement columns(
       database_,
-      "SELECT t.name, t.hidden <> 0 OR t.pk = 1 AND upper(t.type) = 'INTEGER',"
-      " upper(t.type) IN ('FLOAT', 'REAL', 'DOUBLE'), l.wr OR lower(t.name) = 'rowid'"
+      "SELECT t.name, t.hidden <> 0, upper(t.type) IN ('FLOAT', 'REAL', 'DOUBLE'),"
+      " l.wr OR lower(t.name) = 'rowid', t.pk = 1 AND upper(t.type) = 'INTEGER'"
+      " AND (SELECT count(*) FROM pragma_table_info(?1) WHERE pk > 0) = 1"
+      " AND NOT EXISTS (SELECT 1 FROM pragma_index_list(?1) WHERE origin = 'pk')"
       " FROM pragma_table_xinfo(?1) AS t, pragma_table_list AS l"
-      " WHERE l.name = ?1 COLLATE NOCASE AND l.schema = 'main' AND l.type = 'table'");
+      " WHERE l.name = ?1 COLLATE NOCASE AND l.schema = 'main' AND l.type = 'table'"
+      // SQLite writes its own tables without saying so.
+      " AND l.name NOT LIKE 'sqlite~_%' ESCAPE '~'");
   columns.BindText(1, name);
   while (columns.Step()) {
     sqlite3_stmt* record = columns.Handle();
@@ -77,17 +83,29 @@ void RecordSource::RecognizeTable(std::string_view sql) {
     if (sqlite3_column_int(record, 3) != 0) return columns_.clear();
     Column column;
     column.name = QuotedName(ColumnText(record, 0));
-    column.is_key = sqlite3_column_int(record, 1) != 0;
+    column.is_fixed = sqlite3_column_int(record, 1) != 0;
     column.is_real = sqlite3_column_int(record, 2) != 0;
+    if (sqlite3_column_int(record, 4) != 0) {
+      column.is_fixed = true;
+      key_field_ = static_cast<int>(columns_.size());
+    }
     columns_.push_back(std::move(column));
   }
   if (columns_.empty()) return;
-  // A table as wide as a result can be leaves no room for the rowid beside its columns: it is read
-  // as any other SELECT is.
-  if (columns_.size() >=
-      static_cast<std::size_t>(sqlite3_limit(database_, SQLITE_LIMIT_COLUMN, -1))) {
+  // Beside as many columns as a result can have there is no room for a rowid that is none of them:
+  // such a table is read as any other SELECT is.
+  if (key_field_ < 0 && columns_.size() >= static_cast<std::size_t>(
+                                               sqlite3_limit(database_, SQLITE_LIMIT_COLUMN, -1))) {
     return columns_.clear();
   }
+  SqliteStatement side_effects(
+      database_,
+      "SELECT EXISTS (SELECT 1 FROM sqlite_master WHERE type = 'trigger')"
+      " OR EXISTS (SELECT 1 FROM sqlite_temp_master WHERE type = 'trigger')"
+      " OR (SELECT foreign_keys FROM pragma_foreign_keys)");
+  side_effects.Step();
+  has_side_effects_ = sqlite3_column_int(side_effects.Handle(), 0) != 0;
+  name_ = name;
   table_ = QuotedName(name);
   fields_ = static_cast<int>(columns_.size());
   shift_ = ShiftFor(fields_);
@@ -120,7 +138,7 @@ void RecordSource::ReadAll() {
     if (OffsetInBlock(count_) == 0) {
       blocks_.push_back(std::make_unique<RecordBlock>(BlockCapacity(), fields_));
     }
-    blocks_.back()->Append(records.Handle(), false);
+    blocks_.back()->Append(records.Handle(), {});
     if (++count_ > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
       RaiseOverflow();
     }
@@ -146,13 +164,16 @@ RecordBlock& RecordSource::Fetch(std::size_t block) {
   if (!is_dense_ && block >= block_starts_.size()) RaiseChangedByOthers();
   const std::int64_t start =
       is_dense_ ? first_key_ + static_cast<std::int64_t>(block << shift_) : block_starts_[block];
-  SqliteStatement records(
-      database_, "SELECT rowid, * FROM " + table_ + " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2");
+  const bool has_key = key_field_ >= 0;
+  const RecordBlock::Layout layout{has_key ? key_field_ : 0, has_key ? 0 : 1};
+  SqliteStatement records(database_, std::string("SELECT ") + (has_key ? "*" : "rowid, *") +
+                                         " FROM " + table_ +
+                                         " WHERE rowid >= ?1 ORDER BY rowid LIMIT ?2");
   records.BindInteger(1, start);
   records.BindInteger(2, static_cast<std::int64_t>(BlockCapacity()));
 
   auto fetched = std::make_unique<RecordBlock>(BlockCapacity(), fields_);
-  while (records.Step()) fetched->Append(records.Handle(), true);
+  while (records.Step()) fetched->Append(records.Handle(), layout);
   const std::size_t expected = std::min(count_ - (block << shift_), BlockCapacity());
   if (fetched->Size() < expected) RaiseChangedByOthers();
   if (fetched_.size() >= kBlocksKept && !keep_all_blocks_) {

@@ -37,23 +37,30 @@ class RecordSource {
     RecordBlock* block = blocks_[index >> shift_].get();
     return block != nullptr ? *block : Fetch(index >> shift_);
   }
+  bool HasBlockOf(std::size_t index) const { return blocks_[index >> shift_] != nullptr; }
   std::size_t OffsetInBlock(std::size_t index) const {
     return index & ((std::size_t{1} << shift_) - 1);
   }
 
-  /// The quoted names of the table and of a field, and whether the field is the table's key or a
-  /// column that stores a number as it is given. Only for a whole table.
+  /// The table's name as the SELECT gives it; empty when it is not over a whole table.
+  const std::string& PlainName() const { return name_; }
+  /// The quoted names of the table and of a field, and whether the field cannot be written (the key
+  /// and what is computed), or is a column that stores a number as it is given. Only for a whole
+  /// table.
   const std::string& TableName() const { return table_; }
   const std::string& FieldName(int field) const {
     return columns_[static_cast<std::size_t>(field)].name;
   }
-  bool IsKey(int field) const { return columns_[static_cast<std::size_t>(field)].is_key; }
+  bool IsFixed(int field) const { return columns_[static_cast<std::size_t>(field)].is_fixed; }
   bool StoresDoubles(int field) const { return columns_[static_cast<std::size_t>(field)].is_real; }
+  /// Whether a write to the table may change other cells and tables too: there are triggers, or
+  /// foreign keys are heeded.
+  bool HasSideEffects() const { return has_side_effects_; }
 
  private:
   struct Column {
     std::string name;
-    bool is_key = false;
+    bool is_fixed = false;
     bool is_real = false;
   };
 
@@ -67,8 +74,11 @@ class RecordSource {
 
   sqlite3* database_;
   std::string sql_;
+  std::string name_;
   std::string table_;  // quoted; empty when the SELECT is not over a whole table
   std::vector<Column> columns_;
+  int key_field_ = -1;  // the column that is the rowid, or -1
+  bool has_side_effects_ = false;
   int fields_ = 0;
   unsigned shift_ = 0;
   std::size_t count_ = 0;

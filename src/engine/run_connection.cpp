@@ -31,123 +31,195 @@ int OpenFlags(const RunOptions& options) {
   return kReadWrite;
 }
 
-[[noreturn]] void RaiseNoTransaction(const char* source) {
-  throw Error(error_number::kInvalidCall, source, "There is no transaction to end.");
-}
-
 }  // namespace
 
-RunConnection::RunConnection(const std::string& path, const RunOptions& options) {
+RunConnection::OpenDatabase::OpenDatabase(const std::string& path, const RunOptions& options) {
   CheckRunPath(path, options);
   if (!options.in_memory) recovery_ = RecoverRun(path, options.busy_timeout_ms);
   const char* name = options.in_memory ? ":memory:" : path.c_str();
-  const int code = sqlite3_open_v2(name, &database_, OpenFlags(options), nullptr);
-  try {
-    if (code != SQLITE_OK) RaiseCannotOpen(path, sqlite3_extended_errcode(database_));
-    Configure(path, options);
-  } catch (...) {
-    sqlite3_close_v2(database_);
-    throw;
-  }
+  const int code = sqlite3_open_v2(name, &handle_, OpenFlags(options), nullptr);
+  if (code == SQLITE_OK) return;
+  const int extended = sqlite3_extended_errcode(handle_);
+  sqlite3_close_v2(handle_);
+  RaiseCannotOpen(path, extended);
 }
 
-RunConnection::~RunConnection() {
-  inserter_.Clear();
-  sqlite3_close_v2(database_);
+RunConnection::RunConnection(const std::string& path, const RunOptions& options)
+    : database_(path, options),
+      watch_(Database(), versions_),
+      transactions_(Database()),
+      inserter_(Database(), watch_) {
+  Configure(path, options);
 }
 
 void RunConnection::Configure(const std::string& path, const RunOptions& options) {
-  sqlite3_extended_result_codes(database_, 1);
-  sqlite3_busy_timeout(database_, options.busy_timeout_ms);
-  sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-  sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-  RegisterColumnAggregates(database_);
-  inserter_ = LiteralInserter(database_);
+  sqlite3* const database = Database();
+  sqlite3_extended_result_codes(database, 1);
+  sqlite3_busy_timeout(database, options.busy_timeout_ms);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  RegisterColumnAggregates(database);
   std::int32_t schema_version = 0;
   try {
-    RunPlain("PRAGMA cache_size = -49152");  // KiB
-    SqliteStatement version(database_, "PRAGMA user_version");
+    SqliteStatement(database, "PRAGMA cache_size = -49152").Run();  // KiB
+    // A commit is the journal's removal: without a sync of its folder a power loss can undo it.
+    SqliteStatement(database, "PRAGMA synchronous = EXTRA").Run();
+    SqliteStatement version(database, "PRAGMA user_version");
     version.Step();
     schema_version = sqlite3_column_int(version.Handle(), 0);
   } catch (const Error& error) {
     RaiseCannotOpen(path, error.Number());
   }
-  CheckOpenedRun(path, options, sqlite3_db_readonly(database_, "main") == 1, schema_version);
+  watch_.TakeUnseen();
+  CheckOpenedRun(path, options, sqlite3_db_readonly(database, "main") == 1, schema_version);
 }
 
 void* RunConnection::FindFacet(const Uuid& pId) {
   if (pId == IConnection::kId) return static_cast<IConnection*>(&connection_facet_);
+  if (pId == IGuardedTransactions::kId) {
+    return static_cast<IGuardedTransactions*>(&transactions_facet_);
+  }
   if (pId == INumberInserter::kId) return static_cast<INumberInserter*>(&number_inserter_facet_);
   if (pId == IDispatch::kId) return static_cast<IDispatch*>(&dispatch_facet_);
   return nullptr;
 }
 
 void RunConnection::Execute(std::string_view sql) {
-  WritePending();
-  // Outside a transaction another program may change the table's columns from one to the next.
-  if (sqlite3_get_autocommit(database_) == 0 && RunByBinding(sql)) return;
-  SqliteStatement statement(database_, sql);
-  // Noted before it runs: one that fails midway may have changed something too.
-  if (!statement.IsSelect()) NoteChange();
-  statement.Run();
+  if (transactions_.IsStatementsLost() && EndLostTransaction(sql)) return;
+  Guarded([this, sql] {
+    WritePending();
+    // Outside a transaction another program may change the table's columns from one to the next.
+    if (transactions_.IsInside()) {
+      if (const StatementEffects* effects = inserter_.TryRun(sql)) return NoteWrite(*effects);
+    }
+    StatementEffects effects;
+    SqliteStatement statement = watch_.Compile(sql, effects);
+    if (effects.controls_transaction) transactions_.RefuseStatementControl();
+    // Noted before it runs: one that fails midway may have changed something too.
+    if (!statement.IsSelect()) NoteWrite(effects);
+    statement.Run();
+    if (watch_.TakeUnseen()) NoteChange();
+  });
+}
+
+bool RunConnection::EndLostTransaction(std::string_view sql) {
+  StatementEffects effects;
+  watch_.Compile(sql, effects);
+  if (!effects.is_rollback) return false;
+  DropPending();
+  transactions_.EndLostByStatement();
+  return true;
 }
 
 Ref<IDataReader> RunConnection::ExecuteReader(std::string_view sql) {
-  WritePending();
-  FiguresQuery figures;
-  std::vector<Variant> values;
-  if (ParseFiguresQuery(sql, figures) && ScanFigures(database_, figures, values)) {
-    return MakeObject<FiguresReader>(std::move(figures.items), std::move(values));
-  }
-  return MakeObject<SqliteReader>(*this, SqliteStatement(database_, sql));
+  return Guarded([this, sql]() -> Ref<IDataReader> {
+    WritePending();
+    FiguresQuery figures;
+    std::vector<Variant> values;
+    if (ParseFiguresQuery(sql, figures) && ScanFigures(Database(), figures, values)) {
+      return MakeObject<FiguresReader>(std::move(figures.items), std::move(values));
+    }
+    SqliteStatement statement(Database(), sql);
+    if (!statement.IsSelect()) {
+      watch_.TakeUnseen();
+      RaiseEngineError(SQLITE_ERROR, "only a SELECT can be read", sql);
+    }
+    return MakeObject<SqliteReader>(*this, std::move(statement));
+  });
 }
 
 Ref<IRecordSet> RunConnection::OpenRecordSet(std::string_view sql) {
-  WritePending();
-  return MakeObject<SqliteRecordSet>(*this, sql);
+  return Guarded([this, sql]() -> Ref<IRecordSet> {
+    WritePending();
+    return MakeObject<SqliteRecordSet>(*this, sql);
+  });
 }
 
-void RunConnection::BeginTrans() {
-  WritePending();
-  Begin();
+std::int64_t RunConnection::Begin(bool is_guarded) {
+  return Guarded([this, is_guarded] {
+    WritePending();
+    if (!transactions_.IsInside()) inserter_.Clear();
+    return transactions_.Begin(is_guarded);
+  });
 }
 
 void RunConnection::CommitTrans() {
-  if (transactions_.empty()) RaiseNoTransaction("CommitTrans");
-  WritePending();
-  Commit();
+  transactions_.RequireUnguarded("CommitTrans");
+  transactions_.RequireCommittable();
+  Watched([this] {
+    WritePending();
+    transactions_.CommitInnermost();
+  });
 }
 
 void RunConnection::RollbackTrans() {
-  if (transactions_.empty()) RaiseNoTransaction("RollbackTrans");
-  for (SqliteRecordSet* record_set : std::exchange(pending_, {})) record_set->DropPending();
+  transactions_.RequireUnguarded("RollbackTrans");
+  DropPending();
   NoteChange();
-  Rollback();
+  transactions_.RollbackInnermost();
+}
+
+void RunConnection::CommitGuarded(std::int64_t token) {
+  transactions_.RequireCommittable();
+  Watched([this, token] {
+    WritePending();
+    transactions_.CommitGuarded(token);
+  });
+}
+
+void RunConnection::RollbackGuarded(std::int64_t token) {
+  if (!transactions_.IsOpen(token)) return;
+  DropPending();
+  NoteChange();
+  transactions_.RollbackGuarded(token);
+}
+
+void RunConnection::EndQuietly(std::int64_t token) noexcept {
+  try {
+    transactions_.RollbackGuarded(token);
+  } catch (
+      ...) {  // the transaction has to be undone before any other statement; the cause says more
+  }
 }
 
 bool RunConnection::TableExists(std::string_view table_name) {
-  try {
-    SqliteStatement found(database_,
+  return Guarded([this, table_name] {
+    SqliteStatement found(Database(),
                           "SELECT 1 FROM sqlite_master WHERE type = 'table'"
                           " AND name = ?1 COLLATE NOCASE");
     found.BindText(1, table_name);
     return found.Step();
-  } catch (const Error&) {
-    return false;
-  }
+  });
 }
 
-void RunConnection::NoteChange() {
-  ++writes_;
+bool RunConnection::InsertNumbers(std::string_view head, std::span<const double> numbers,
+                                  std::int32_t row) {
+  return Guarded([this, head, numbers, row] {
+    WritePending();
+    if (!transactions_.IsInside()) return false;
+    const StatementEffects* effects = inserter_.TryRunNumbers(head, numbers, row);
+    if (effects != nullptr) NoteWrite(*effects);
+    return effects != nullptr;
+  });
+}
+
+void RunConnection::NoteWrite(const StatementEffects& effects) {
+  if (effects.changes_all) return NoteChange();
+  for (TableVersions::Counter* table : effects.tables) versions_.Advance(table);
+}
+
+void RunConnection::NoteChange() noexcept {
+  versions_.AdvanceAll();
   inserter_.Clear();
 }
 
-void RunConnection::NotePending(SqliteRecordSet* record_set) {
-  pending_.push_back(record_set);
-  ++writes_;
+void RunConnection::NoteFailure(const std::exception& failure, bool was_inside) noexcept {
+  transactions_.NoteFailure(failure, was_inside);
+  const bool has_unseen = watch_.TakeUnseen();
+  if (has_unseen || (was_inside && !transactions_.IsInside())) NoteChange();
 }
 
-void RunConnection::ForgetPending(SqliteRecordSet* record_set) {
+void RunConnection::ForgetPending(SqliteRecordSet* record_set) noexcept {
   std::erase(pending_, record_set);
 }
 
@@ -155,51 +227,8 @@ void RunConnection::WritePending() {
   while (!pending_.empty()) pending_.back()->WritePending();
 }
 
-bool RunConnection::RunByBinding(std::string_view sql) {
-  return Bound([this, sql] { return inserter_.TryRun(sql); });
-}
-
-bool RunConnection::InsertNumbers(std::string_view head, std::span<const double> numbers,
-                                  std::int32_t row) {
-  WritePending();
-  if (sqlite3_get_autocommit(database_) != 0) return false;
-  return Bound([this, head, numbers, row] { return inserter_.TryRunNumbers(head, numbers, row); });
-}
-
-void RunConnection::RunPlain(std::string_view sql) {
-  SqliteStatement(database_, sql).Run();
-}
-
-void RunConnection::Begin() {
-  const bool is_nested = sqlite3_get_autocommit(database_) == 0;
-  if (!is_nested) {
-    transactions_.clear();
-    inserter_.Clear();
-  }
-  std::string savepoint = is_nested ? "nested" + std::to_string(transactions_.size()) : "";
-  // Immediate: the wait for a locked database happens here, not in the middle of the work.
-  RunPlain(is_nested ? "SAVEPOINT " + savepoint : "BEGIN IMMEDIATE");
-  transactions_.push_back(std::move(savepoint));
-}
-
-void RunConnection::Commit() {
-  if (sqlite3_get_autocommit(database_) != 0) {
-    throw Error(SQLITE_ABORT_ROLLBACK, "CommitTrans",
-                "The transaction was already rolled back by the database.");
-  }
-  const std::string& savepoint = transactions_.back();
-  RunPlain(savepoint.empty() ? "COMMIT" : "RELEASE " + savepoint);
-  transactions_.pop_back();
-}
-
-void RunConnection::Rollback() {
-  const std::string savepoint = std::move(transactions_.back());
-  transactions_.pop_back();
-  // On some failures (a full disk) SQLite has rolled everything back by itself.
-  if (sqlite3_get_autocommit(database_) != 0) return NoteChange();
-  if (savepoint.empty()) return RunPlain("ROLLBACK");
-  RunPlain("ROLLBACK TO " + savepoint);
-  RunPlain("RELEASE " + savepoint);
+void RunConnection::DropPending() noexcept {
+  for (SqliteRecordSet* record_set : std::exchange(pending_, {})) record_set->DropPending();
 }
 
 }  // namespace tslm5

@@ -4,16 +4,22 @@
 #include <sqlite3.h>
 
 #include <cstdint>
+#include <exception>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/connection_dispatch.h"
 #include "engine/hot_journal.h"
 #include "engine/literal_inserter.h"
+#include "engine/statement_watch.h"
+#include "engine/table_versions.h"
+#include "engine/transaction_stack.h"
 #include "platform/only_errors.h"
 #include "tslm5/engine/connection.h"
+#include "tslm5/engine/guarded_transactions.h"
 #include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/open_run.h"
 #include "tslm5/platform/object.h"
@@ -22,8 +28,9 @@ namespace tslm5 {
 
 class SqliteRecordSet;
 
-/// The engine's connection: owner of the SQLite handle, of the write counter that keeps record sets
-/// coherent, and of the list of record sets whose changes have not reached their table yet.
+/// The engine's connection: owner of the SQLite handle, of its transactions, of the counters that
+/// keep record sets coherent, and of the list of record sets whose changes have not reached their
+/// table yet.
 class RunConnection final : public FacetOwner {
  public:
   /// Opens the database; see `OpenRun` for what is raised.
@@ -34,40 +41,60 @@ class RunConnection final : public FacetOwner {
   void Execute(std::string_view sql);
   Ref<IDataReader> ExecuteReader(std::string_view sql);
   Ref<IRecordSet> OpenRecordSet(std::string_view sql);
-  void BeginTrans();
+  void BeginTrans() { Begin(false); }
   void CommitTrans();
   void RollbackTrans();
   bool TableExists(std::string_view table_name);
   bool InsertNumbers(std::string_view head, std::span<const double> numbers, std::int32_t row);
 
-  sqlite3* Database() const { return database_; }
+  /// See `IGuardedTransactions`.
+  std::int64_t BeginGuarded() { return Begin(true); }
+  void CommitGuarded(std::int64_t token);
+  void RollbackGuarded(std::int64_t token);
+
+  sqlite3* Database() const { return database_.Handle(); }
   /// What opening the database undid.
-  const Recovery& OpeningRecovery() const { return recovery_; }
+  const Recovery& OpeningRecovery() const { return database_.OpeningRecovery(); }
 
-  /// Grows with everything that may have changed a table.
-  std::uint64_t Writes() const { return writes_; }
-  void CountWrite() { ++writes_; }
-  /// What a statement that is no SELECT, or a rollback, leaves behind: other records, and perhaps
-  /// other tables.
-  void NoteChange();
+  TableVersions& Versions() { return versions_; }
+  StatementWatch& Watch() { return watch_; }
 
-  /// `record_set` has changes now that the table does not have; counts as a write.
-  void NotePending(SqliteRecordSet* record_set);
-  void ForgetPending(SqliteRecordSet* record_set);
+  /// Runs `work()`, which sends statements, and gives its result; refuses to while a transaction
+  /// has to be ended first.
+  template <class Work>
+  decltype(auto) Guarded(Work&& work) {
+    transactions_.RequireUsable();
+    return Watched(std::forward<Work>(work));
+  }
+
+  /// Records with `effects` were written, or may be at once.
+  void NoteWrite(const StatementEffects& effects);
+  /// Whatever may have changed, has: records, and perhaps tables.
+  void NoteChange() noexcept;
+  /// A change of a record set could not be written, and nobody was told.
+  void NoteLostChange(const std::exception& failure) noexcept {
+    transactions_.NoteLostChange(failure);
+  }
+
+  /// `record_set` is going to have changes that its table does not have.
+  void NotePending(SqliteRecordSet* record_set) { pending_.push_back(record_set); }
+  void ForgetPending(SqliteRecordSet* record_set) noexcept;
   /// Writes the pending changes of every record set.
   void WritePending();
 
-  /// Runs `work(database)` in a transaction of its own, nested if there is one already.
+  /// Runs `work()` in a transaction of its own, nested if there is one already.
   template <class Work>
   void RunInTransaction(Work&& work) {
-    Begin();
-    try {
-      work(database_);
-      Commit();
-    } catch (...) {
-      Rollback();
-      throw;
-    }
+    Guarded([this, &work] {
+      const std::int64_t token = transactions_.Begin(true);
+      try {
+        work();
+        transactions_.CommitGuarded(token);
+      } catch (...) {
+        EndQuietly(token);
+        throw;
+      }
+    });
   }
 
  private:
@@ -100,6 +127,17 @@ class RunConnection final : public FacetOwner {
     RunConnection& connection_;
   };
 
+  class TransactionsFacet final : public Facet<IGuardedTransactions> {
+   public:
+    explicit TransactionsFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
+    std::int64_t BeginGuarded() override { return connection_.BeginGuarded(); }
+    void CommitGuarded(std::int64_t pToken) override { connection_.CommitGuarded(pToken); }
+    void RollbackGuarded(std::int64_t pToken) override { connection_.RollbackGuarded(pToken); }
+
+   private:
+    RunConnection& connection_;
+  };
+
   class NumberInserterFacet final : public Facet<INumberInserter> {
    public:
     explicit NumberInserterFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
@@ -112,35 +150,49 @@ class RunConnection final : public FacetOwner {
     RunConnection& connection_;
   };
 
-  ~RunConnection() override;
+  /// An open database, closed when it goes, after everything that was made with it.
+  class OpenDatabase {
+   public:
+    OpenDatabase(const std::string& path, const RunOptions& options);
+    OpenDatabase(const OpenDatabase&) = delete;
+    OpenDatabase& operator=(const OpenDatabase&) = delete;
+    ~OpenDatabase() { sqlite3_close_v2(handle_); }
+    sqlite3* Handle() const { return handle_; }
+    const Recovery& OpeningRecovery() const { return recovery_; }
+
+   private:
+    Recovery recovery_;
+    sqlite3* handle_ = nullptr;
+  };
+
+  ~RunConnection() override = default;
   void* FindFacet(const Uuid& pId) override;
 
   void Configure(const std::string& path, const RunOptions& options);
-  bool RunByBinding(std::string_view sql);
-  /// Runs `run()`, which says whether it wrote, and counts the write.
-  template <class BoundRun>
-  bool Bound(BoundRun&& run) {
+  template <class Work>
+  decltype(auto) Watched(Work&& work) {
+    const bool was_inside = transactions_.IsInside();
     try {
-      if (!run()) return false;
-    } catch (...) {
-      NoteChange();  // SQLite may have rolled the transaction back
+      return work();
+    } catch (const std::exception& failure) {
+      NoteFailure(failure, was_inside);
       throw;
     }
-    ++writes_;
-    return true;
   }
-  void RunPlain(std::string_view sql);
-  void Begin();
-  void Commit();
-  void Rollback();
+  void NoteFailure(const std::exception& failure, bool was_inside) noexcept;
+  bool EndLostTransaction(std::string_view sql);
+  std::int64_t Begin(bool is_guarded);
+  void EndQuietly(std::int64_t token) noexcept;
+  void DropPending() noexcept;
 
-  sqlite3* database_ = nullptr;
-  Recovery recovery_;
-  std::uint64_t writes_ = 0;
-  std::vector<std::string> transactions_;  // outermost first: a savepoint's name, or "" for none
-  LiteralInserter inserter_{nullptr};
+  OpenDatabase database_;
+  TableVersions versions_;
+  StatementWatch watch_;
+  TransactionStack transactions_;
+  LiteralInserter inserter_;
   std::vector<SqliteRecordSet*> pending_;
   ConnectionFacet connection_facet_{*this};
+  TransactionsFacet transactions_facet_{*this};
   NumberInserterFacet number_inserter_facet_{*this};
   ConnectionDispatch dispatch_facet_{*this, connection_facet_};
 };

@@ -1,9 +1,5 @@
 #include "engine/sqlite_error.h"
 
-#include <string>
-
-#include "tslm5/platform/error.h"
-
 namespace tslm5 {
 namespace {
 
@@ -25,9 +21,10 @@ std::string Beginning(std::string_view sql) {
   return shown;
 }
 
-[[noreturn]] void Raise(int number, std::string description, std::string_view sql) {
+std::string Described(std::string_view text, std::string_view sql) {
+  std::string description(text);
   if (!sql.empty()) description += " [" + Beginning(sql) + "]";
-  throw Error(number, "TSLMRep5", std::move(description));
+  return description;
 }
 
 }  // namespace
@@ -38,11 +35,29 @@ void RaiseSqliteError(sqlite3* database, int code, std::string_view sql) {
     code = sqlite3_extended_errcode(database);
     text = sqlite3_errmsg(database);
   }
-  Raise(code, text, sql);
+  throw SqliteFailure(code, "TSLMRep5", Described(text, sql));
 }
 
 void RaiseEngineError(int number, std::string_view text, std::string_view sql) {
-  Raise(number, std::string(text), sql);
+  throw Error(number, "TSLMRep5", Described(text, sql));
+}
+
+bool IsPassing(int code) {
+  switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_NOMEM:
+    case SQLITE_INTERRUPT:
+    case SQLITE_IOERR:
+    case SQLITE_CORRUPT:
+    case SQLITE_FULL:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PROTOCOL:
+    case SQLITE_NOTADB:
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace tslm5

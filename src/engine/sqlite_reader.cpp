@@ -20,8 +20,7 @@ bool SqliteReader::Read() try {
   on_record_ = false;
   if (!statement_ || at_end_) return false;
   at_end_ = true;  // also when the step fails: another one would begin anew
-  if (!statement_->IsSelect()) connection_->NoteChange();
-  on_record_ = statement_->Step();
+  on_record_ = connection_->Guarded([this] { return statement_->Step(); });
   at_end_ = !on_record_;
   if (at_end_) statement_->Reset();
   return on_record_;

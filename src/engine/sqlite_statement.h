@@ -67,7 +67,8 @@ class SqliteStatement {
   /// Whether the statement gives records and changes nothing. The beginning and the end of a
   /// transaction, which SQLite calls read-only, are no SELECT.
   bool IsSelect() const {
-    return sqlite3_stmt_readonly(handle_) != 0 && sqlite3_column_count(handle_) > 0;
+    return sqlite3_column_count(handle_) > 0 &&
+           (sqlite3_stmt_readonly(handle_) != 0 || sqlite3_stmt_isexplain(handle_) != 0);
   }
 
  private:

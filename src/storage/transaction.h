@@ -1,15 +1,25 @@
 #ifndef TSLM5_STORAGE_TRANSACTION_H_
 #define TSLM5_STORAGE_TRANSACTION_H_
 
+#include <cstdint>
+
 #include "tslm5/engine/connection.h"
+#include "tslm5/engine/guarded_transactions.h"
+#include "tslm5/platform/ref.h"
 
 namespace tslm5 {
 
-/// A transaction that rolls back on the way out unless it was committed.
+/// A transaction that rolls back on the way out unless it was committed. Where the connection
+/// offers guarded transactions it is one: nobody else ends it in the middle.
 class Transaction {
  public:
-  explicit Transaction(IConnection& connection) : connection_(connection) {
-    connection_.BeginTrans();
+  explicit Transaction(IConnection& connection)
+      : connection_(connection), guarded_(Query<IGuardedTransactions>(&connection)) {
+    if (guarded_) {
+      token_ = guarded_->BeginGuarded();
+    } else {
+      connection_.BeginTrans();
+    }
   }
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
@@ -19,7 +29,11 @@ class Transaction {
   }
 
   void Commit() {
-    connection_.CommitTrans();
+    if (guarded_) {
+      guarded_->CommitGuarded(token_);
+    } else {
+      connection_.CommitTrans();
+    }
     open_ = false;
   }
 
@@ -28,14 +42,20 @@ class Transaction {
   void Rollback() noexcept {
     open_ = false;
     try {
-      connection_.RollbackTrans();
-    } catch (...) {
+      if (guarded_) {
+        guarded_->RollbackGuarded(token_);
+      } else {
+        connection_.RollbackTrans();
+      }
+    } catch (...) {  // of whatever kind: memory may be short
       return;
     }
   }
 
  private:
   IConnection& connection_;
+  Ref<IGuardedTransactions> guarded_;
+  std::int64_t token_ = 0;
   bool open_ = true;
 };
 

@@ -114,6 +114,67 @@ TEST_F(RecordSetShapes, NineteenHundredColumns) {
   }
 }
 
+/// A table of as many columns as the database takes, and 150 records.
+class WidestTable : public FileEngineTest {
+ protected:
+  static constexpr int kColumns = 1999;
+
+  WidestTable() {
+    std::string columns;
+    std::string values;
+    for (int i = 0; i < kColumns; ++i) {
+      columns += "d" + std::to_string(i) + " FLOAT, ";
+      values += std::to_string(i) + " + i, ";
+    }
+    Execute("CREATE TABLE w (" + columns + "row INTEGER PRIMARY KEY)");
+    Execute(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 150)"
+        " INSERT INTO w SELECT " +
+        values + "i FROM n");
+  }
+};
+
+TEST_F(WidestTable, IsReadAndWritten) {
+  const auto records = connection_->OpenRecordSet("SELECT * FROM w");
+  EXPECT_EQ(records->FieldCount(), kColumns + 1);
+  for (const int record : {150, 1, 65}) {
+    records->MoveTo(record, 0);
+    EXPECT_EQ(records->GetField(0), Variant(1.0 * record));
+    EXPECT_EQ(records->GetField(1998), Variant(1998.0 + record));
+    EXPECT_EQ(records->GetField(1999), Variant(record));
+  }
+  records->SetField(1998, -7.5);
+  records->Update();
+  EXPECT_EQ(Listed("SELECT d1998 FROM w WHERE d1998 < 0 OR row = 64"), "2062 -7.5");
+  EXPECT_EQ(RaisedNumber([&] { records->SetField(1999, 5.0); }), error_number::kInvalidCall);
+}
+
+TEST_F(WidestTable, IsReadInBlocks) {
+  const auto records = connection_->OpenRecordSet("SELECT * FROM w");
+  OpenSecond()->Execute("UPDATE w SET d0 = -1 WHERE row = 150");
+  double number = 0.0;
+  ASSERT_TRUE(records->ReadNumber(150, 0, &number));
+  EXPECT_EQ(number, -1.0);
+}
+
+TEST_F(RecordSetShapes, KeysThatAreNotTheRecordsNumber) {
+  for (const char* columns :
+       {"a INTEGER, b INTEGER, PRIMARY KEY (a, b)", "a INTEGER PRIMARY KEY DESC, b INTEGER",
+        "a INT PRIMARY KEY, b INTEGER", "b INTEGER, a INTEGER UNIQUE"}) {
+    Execute("DROP TABLE IF EXISTS k");
+    Execute("CREATE TABLE k (" + std::string(columns) + ")");
+    Execute("INSERT INTO k (a, b) VALUES (30, 1), (10, 2), (20, 3)");
+    const auto records = Open("SELECT * FROM k");
+    const int b = columns[0] == 'b' ? 0 : 1;
+    for (const int record : {1, 2, 3}) EXPECT_EQ(Number(records, record, b), record) << columns;
+    records->MoveTo(2, 0);
+    records->SetField(b, 7.0);
+    records->Update();
+    EXPECT_EQ(Listed("SELECT b FROM k WHERE a = 10"), "7") << columns;
+    EXPECT_EQ(Listed("SELECT sum(b) FROM k"), "11") << columns;
+  }
+}
+
 TEST_F(RecordSetShapes, EmptyResultsKeepTheirFields) {
   Execute("CREATE TABLE t (d0 FLOAT, row INTEGER PRIMARY KEY)");
   for (const char* sql : {"SELECT * FROM t", "SELECT d0, row FROM t"}) {

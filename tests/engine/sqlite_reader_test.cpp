@@ -201,14 +201,19 @@ TEST_F(SqliteReaderTest, EndsWhenARecordFails) {
   EXPECT_FALSE(reader->Read());
 }
 
-TEST_F(SqliteReaderTest, WritesOfAReadStatementAreSeen) {
+TEST_F(SqliteReaderTest, TakesOnlyAQuery) {
   Execute("CREATE TABLE t (a INTEGER)");
-  const auto records = connection_->OpenRecordSet("SELECT * FROM t");
-  const auto reader = connection_->ExecuteReader("INSERT INTO t VALUES (9) RETURNING a");
-  EXPECT_EQ(records->RecordCount(), 0);
-  EXPECT_TRUE(reader->Read());
-  reader->Close();
-  EXPECT_EQ(records->RecordCount(), 1);
+  for (const std::string sql : {"INSERT INTO t VALUES (9)", "INSERT INTO t VALUES (9) RETURNING a",
+                                "DELETE FROM t", "CREATE TABLE u (a)", "BEGIN"}) {
+    const Error error = Raised([&] { connection_->ExecuteReader(sql); });
+    EXPECT_EQ(error.Number(), 1) << sql;
+    EXPECT_EQ(error.Description(), "only a SELECT can be read [" + sql + "]");
+  }
+  EXPECT_EQ(Listed("SELECT count(*) FROM t"), "0");
+  EXPECT_EQ(Listed("SELECT count(*) FROM sqlite_master"), "1");
+  EXPECT_EQ(Listed("PRAGMA user_version"), "0");
+  EXPECT_EQ(Listed("VALUES (7)"), "7");
+  EXPECT_NE(Listed("EXPLAIN INSERT INTO t VALUES (9)"), "");
 }
 
 }  // namespace

@@ -102,48 +102,6 @@ TEST_F(Transactions, AFailedStatementLeavesThemOpen) {
   EXPECT_EQ(StoredValues(), "1 3");
 }
 
-TEST_F(Transactions, RolledBackByTheDatabaseCannotCommit) {
-  Execute("CREATE UNIQUE INDEX i ON t (a)");
-  Begin();
-  Insert(1);
-  EXPECT_EQ(RaisedNumber([&] { Execute("INSERT OR ROLLBACK INTO t VALUES (1)"); }), 2067);
-  EXPECT_EQ(Values(), "");
-  const Error error = Raised([&] { Commit(); });
-  EXPECT_EQ(error.Number(), 516);
-  EXPECT_EQ(error.Description(), "The transaction was already rolled back by the database.");
-  Rollback();
-  EXPECT_EQ(RaisedNumber([&] { Rollback(); }), error_number::kInvalidCall);
-  Begin();
-  Insert(2);
-  Commit();
-  EXPECT_EQ(StoredValues(), "2");
-}
-
-TEST_F(Transactions, RolledBackByTheDatabaseStillEndAsManyTimesAsTheyBegan) {
-  Execute("CREATE UNIQUE INDEX i ON t (a)");
-  Begin();
-  Insert(1);
-  Begin();
-  EXPECT_EQ(RaisedNumber([&] { Execute("INSERT OR ROLLBACK INTO t VALUES (1)"); }), 2067);
-  Rollback();
-  EXPECT_EQ(RaisedNumber([&] { Commit(); }), 516);
-  Rollback();
-  EXPECT_EQ(RaisedNumber([&] { Rollback(); }), error_number::kInvalidCall);
-  EXPECT_EQ(StoredValues(), "");
-}
-
-TEST_F(Transactions, BegunAnewAfterTheDatabaseRolledBackAreNotNested) {
-  Execute("CREATE UNIQUE INDEX i ON t (a)");
-  Begin();
-  Begin();
-  EXPECT_EQ(RaisedNumber([&] { Execute("INSERT OR ROLLBACK INTO t VALUES (1), (1)"); }), 2067);
-  Begin();
-  Insert(2);
-  Commit();
-  EXPECT_EQ(StoredValues(), "2");
-  EXPECT_EQ(RaisedNumber([&] { Rollback(); }), error_number::kInvalidCall);
-}
-
 TEST_F(Transactions, NestInOneThatAStatementBegan) {
   Execute("BEGIN");
   Insert(1);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <string_view>
+
 #include "platform/raised.h"
 #include "storage/test_run.h"
 
@@ -87,6 +90,52 @@ TEST_F(TransactionTest, ANestedOneEndsOnItsOwn) {
     outer.Commit();
   }
   EXPECT_EQ(run_.TableRows("t"), Lines({"1"}));
+}
+
+TEST_F(TransactionTest, NobodyElseEndsIt) {
+  const Ref<IConnection> connection = run_.Connection();
+  for (const bool commits : {true, false}) {
+    const Error error = Raised([&] {
+      Transaction transaction(*connection);
+      run_.Execute("INSERT INTO t VALUES (1)");
+      EXPECT_EQ(
+          RaisedNumber([&] { commits ? connection->CommitTrans() : connection->RollbackTrans(); }),
+          error_number::kInvalidCall);
+      transaction.Commit();
+    });
+    EXPECT_EQ(error.Number(), error_number::kInvalidCall);
+    EXPECT_EQ(error.Description(),
+              "The transaction of a running operation was to be ended by somebody else, an event"
+              " handler for instance; the operation's changes are undone.");
+    EXPECT_EQ(run_.TableRows("t"), Lines());
+    EXPECT_FALSE(run_.InTransaction());
+  }
+}
+
+TEST_F(TransactionTest, OneLeftOpenInsideUndoesBoth) {
+  const Ref<IConnection> connection = run_.Connection();
+  const Error error = Raised([&] {
+    Transaction transaction(*connection);
+    run_.Execute("INSERT INTO t VALUES (1)");
+    connection->BeginTrans();
+    run_.Execute("INSERT INTO t VALUES (2)");
+    transaction.Commit();
+  });
+  EXPECT_EQ(error.Number(), error_number::kInvalidCall);
+  EXPECT_EQ(run_.TableRows("t"), Lines());
+  EXPECT_FALSE(run_.InTransaction());
+}
+
+TEST_F(TransactionTest, AnyFailureToRollBackIsSwallowed) {
+  run_.Log().before = [](std::string_view statement) {
+    if (statement == "ROLLBACK") throw std::bad_alloc();
+  };
+  const Error error = Raised([this] {
+    Transaction transaction(*Recorded());
+    throw Error(41011, "first", "the cause");
+  });
+  EXPECT_EQ(error.Description(), "the cause");
+  EXPECT_TRUE(run_.InTransaction());  // ends the one that the fake left open
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 namespace tslm5 {
 
 /// A buffered, positionable result of a SELECT. Record numbers are 1-based, field indexes
-/// zero-based. It keeps no statement open, and serves the table as it is now: after any write
-/// through its connection the next read looks again, keeping the position by record number.
+/// zero-based. It keeps no statement open, and serves the table as it is now: after a write
+/// to it through its connection the next read looks again, keeping the position by record number.
 /// Records are fetched in blocks when they are first read. A pointer borrowed from a `Ref` is good
 /// while that reference is held: a use after the release is not detected. Caller's thread only.
 class IRecordSet : public IUnknown {
@@ -28,7 +28,9 @@ class IRecordSet : public IUnknown {
   virtual Variant GetField(const Variant& pFieldIndex) = 0;
   /// Writes a field of the current record: the buffer shows it at once, the table gets all pending
   /// changes in one transaction at `Update`, at `Close`, and before any other statement of the
-  /// connection. Only a record set over a whole table can be written, else 5.
+  /// connection. Only a record set over a whole table can be written, else 5; SQLite's 8 on a run
+  /// opened for reading. A change that its table refuses for good is dropped, with the error that
+  /// the writing raises.
   virtual void SetField(const Variant& pFieldIndex, const Variant& pValue) = 0;
   /// Fields of each record, the key `row` of a data table among them; 0 when closed.
   virtual std::int32_t FieldCount() = 0;

@@ -7,6 +7,7 @@
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/connection_service.h"
 #include "tslm5/engine/data_reader.h"
+#include "tslm5/engine/guarded_transactions.h"
 #include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/record_set.h"
 #include "tslm5/engine/record_texts.h"
@@ -20,6 +21,12 @@ TEST(EngineSlots, Connection) {
                            &IConnection::OpenRecordSet, &IConnection::BeginTrans,
                            &IConnection::CommitTrans, &IConnection::RollbackTrans,
                            &IConnection::TableExists);
+}
+
+TEST(EngineSlots, GuardedTransactions) {
+  ExpectSlots<IGuardedTransactions>(&IGuardedTransactions::BeginGuarded,
+                                    &IGuardedTransactions::CommitGuarded,
+                                    &IGuardedTransactions::RollbackGuarded);
 }
 
 TEST(EngineSlots, NumberInserter) {
