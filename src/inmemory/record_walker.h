@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "delimited/exact_number.h"
 #include "inmemory/delimiter_cursor.h"
-#include "inmemory/wide_number.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5 {
@@ -76,7 +76,8 @@ inline bool ReadNumber(const char* first, const char* last, const char* text_end
                        double& value) {
   const auto size = static_cast<std::size_t>(last - first);
   const auto readable = static_cast<std::size_t>(text_end - first);
-  return (readable >= kWideNumberReads && ParseWideNumber(first, size, decimal, value)) ||
+  return (readable >= delimited::kExactNumberReads &&
+          delimited::ParseExactNumber(first, size, decimal, value)) ||
          ParseNumber({first, size}, decimal, value);
 }
 

@@ -42,17 +42,21 @@ const char* FindNotAscii(const char* first, const char* last) {
 
 }  // namespace
 
-bool IsValid(std::string_view text) {
+std::size_t ValidPrefixSize(std::string_view text) {
   const char* p = text.data();
   const char* const last = p + text.size();
   while ((p = FindNotAscii(p, last)) != last) {
     do {
       const std::size_t length = SequenceLength(p, last);
-      if (length == 0) return false;
+      if (length == 0) return static_cast<std::size_t>(p - text.data());
       p += length;
     } while (p != last && !IsAscii(p));
   }
-  return true;
+  return text.size();
+}
+
+bool IsValid(std::string_view text) {
+  return ValidPrefixSize(text) == text.size();
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {

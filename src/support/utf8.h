@@ -9,6 +9,9 @@ namespace tslm5::Utf8 {
 /// Whether `text` is well-formed UTF-8: no overlong forms, no surrogates, nothing past U+10FFFF.
 bool IsValid(std::string_view text);
 
+/// How many bytes at the beginning of `text` are well-formed UTF-8.
+std::size_t ValidPrefixSize(std::string_view text);
+
 /// The first `count` code points of `text`, all of it when it has fewer. A view into `text`.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 

@@ -65,6 +65,8 @@ class CheckFloorsTest(unittest.TestCase):
             ("src/platform/a.h", '"tslm5/contracts/x.h"', "contracts is a floor above platform"),
             ("src/support/a.h", "<tslm5/engine/x.h>", "engine is a floor above support"),
             ("src/engine/a.h", '"tslm5/contracts/x.h"', "the engine knows nothing of datasets"),
+            ("src/engine/a.cpp", '"delimited/x.h"', "the engine knows nothing of delimited text"),
+            ("src/delimited/a.cpp", '"storage/x.h"', "storage is a floor above delimited"),
             ("src/storage/a.cpp", '"engine/statement.h"', "the engine is a library of its own"),
             ("src/storage/a.cpp", "<sqlite3.h>", "only src/engine/ knows SQLite"),
             ("host/a.cpp", "<sqlite3.h>", "only src/engine/ knows SQLite"),

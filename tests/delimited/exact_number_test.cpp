@@ -1,4 +1,4 @@
-#include "inmemory/wide_number.h"
+#include "delimited/exact_number.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +9,16 @@
 #include <string>
 #include <string_view>
 
-namespace tslm5 {
+namespace tslm5::delimited {
 namespace {
 
 /// Whether the number, with other text behind it, is decided at once; if so, its value.
 bool Decide(std::string_view number, char decimal, double& value) {
   const std::string text = std::string(number) + ",9.5e7;8,77777777777777777777";
-  return ParseWideNumber(text.data(), number.size(), decimal, value);
+  return ParseExactNumber(text.data(), number.size(), decimal, value);
 }
 
-TEST(WideNumber, DecidesTheUsualNumbers) {
+TEST(ExactNumber, DecidesTheUsualNumbers) {
   const struct {
     const char* text;
     double value;
@@ -55,7 +55,7 @@ TEST(WideNumber, DecidesTheUsualNumbers) {
   }
 }
 
-TEST(WideNumber, KeepsTheSignOfZero) {
+TEST(ExactNumber, KeepsTheSignOfZero) {
   double value = 1;
   ASSERT_TRUE(Decide("-0.0", '.', value));
   EXPECT_TRUE(std::signbit(value));
@@ -63,7 +63,7 @@ TEST(WideNumber, KeepsTheSignOfZero) {
   EXPECT_FALSE(std::signbit(value));
 }
 
-TEST(WideNumber, LeavesEverythingElseToTheGrammar) {
+TEST(ExactNumber, LeavesEverythingElseToTheGrammar) {
   for (const char* text : {"",
                            "-",
                            ".",
@@ -103,7 +103,7 @@ TEST(WideNumber, LeavesEverythingElseToTheGrammar) {
   }
 }
 
-TEST(WideNumber, TakesTheDecimalSeparatorOfTheUser) {
+TEST(ExactNumber, TakesTheDecimalSeparatorOfTheUser) {
   double value = 0;
   ASSERT_TRUE(Decide("-1,25e1", ',', value));
   EXPECT_EQ(value, -12.5);
@@ -126,7 +126,7 @@ std::string RandomNumber(std::mt19937_64& random) {
   return text;
 }
 
-TEST(WideNumber, AgreesWithTheGrammarAndWithFromChars) {
+TEST(ExactNumber, AgreesWithTheGrammarAndWithFromChars) {
   std::mt19937_64 random(11);
   int decided = 0;
   for (int i = 0; i < 400'000; ++i) {
@@ -148,4 +148,4 @@ TEST(WideNumber, AgreesWithTheGrammarAndWithFromChars) {
 }
 
 }  // namespace
-}  // namespace tslm5
+}  // namespace tslm5::delimited

@@ -1,5 +1,5 @@
-#ifndef TSLM5_INMEMORY_WIDE_NUMBER_H_
-#define TSLM5_INMEMORY_WIDE_NUMBER_H_
+#ifndef TSLM5_DELIMITED_EXACT_NUMBER_H_
+#define TSLM5_DELIMITED_EXACT_NUMBER_H_
 
 #include <array>
 #include <bit>
@@ -9,12 +9,12 @@
 #include "support/byte_block.h"
 #include "tslm5/platform/number_text.h"
 
-namespace tslm5 {
+namespace tslm5::delimited {
 
-/// How many bytes from the first one on `ParseWideNumber` may read, however short the number.
-inline constexpr std::size_t kWideNumberReads = 18;
+/// How many bytes from the first one on `ParseExactNumber` may read, however short the number.
+inline constexpr std::size_t kExactNumberReads = 18;
 
-namespace wide_number_internal {
+namespace exact_number_internal {
 
 inline constexpr int kLargestPower = number_text_internal::kLargestExactPower;
 inline constexpr std::size_t kMostCharacters = ByteScan::ByteBlock::kSize;
@@ -76,15 +76,15 @@ inline std::uint64_t ReadDigits(const char* number, unsigned size, unsigned gap,
          EightDigits(static_cast<std::uint64_t>(closed >> 64) & kDigitValues);
 }
 
-}  // namespace wide_number_internal
+}  // namespace exact_number_internal
 
 /// `ParseNumber` for the usual number in a long text: up to sixteen characters behind a minus sign
 /// or none, an exponent of up to two digits, a value that one exact step gives. True, and the same
 /// value; false leaves the answer to `ParseNumber`. Hardly a branch depends on the number, so that
 /// mixed ones cost no more than uniform ones.
-/// REQUIRES: [first, first + kWideNumberReads) can be read.
-inline bool ParseWideNumber(const char* first, std::size_t length, char decimal, double& value) {
-  using namespace wide_number_internal;
+/// REQUIRES: [first, first + kExactNumberReads) can be read.
+inline bool ParseExactNumber(const char* first, std::size_t length, char decimal, double& value) {
+  using namespace exact_number_internal;
   if constexpr (std::endian::native != std::endian::little) return false;
   const bool is_negative = *first == '-';
   const char* const number = first + is_negative;
@@ -121,6 +121,6 @@ inline bool ParseWideNumber(const char* first, std::size_t length, char decimal,
   return true;
 }
 
-}  // namespace tslm5
+}  // namespace tslm5::delimited
 
-#endif  // TSLM5_INMEMORY_WIDE_NUMBER_H_
+#endif  // TSLM5_DELIMITED_EXACT_NUMBER_H_
