@@ -1,5 +1,7 @@
 #include "inmemory/in_memory_state.h"
 
+#include <utility>
+
 #include "tslm5/contracts/codes.h"
 
 namespace tslm5 {
@@ -37,12 +39,13 @@ void InMemoryState::ResetProperties() {
 }
 
 void InMemoryState::MakeDefaultLabels() {
-  labels.clear();
+  std::vector<std::string> made;
   const std::int32_t columns = Columns();
   for (std::int32_t column = 0; column < columns - 1; ++column) {
-    labels.push_back(independent_vars_prefix + std::to_string(column));
+    made.push_back(independent_vars_prefix + std::to_string(column));
   }
-  labels.push_back(columns == 1 ? "Time Series" : dependent_var_name);
+  made.push_back(columns == 1 ? "Time Series" : dependent_var_name);
+  labels = std::move(made);
 }
 
 void InMemoryState::Reset() {

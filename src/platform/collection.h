@@ -28,7 +28,8 @@ class KeyedCollection {
   /// A key as it was first written, and its value.
   using Entry = std::pair<std::string, Value>;
 
-  /// Adds a new entry at the end. A key already present raises 457 and changes nothing.
+  /// Adds a new entry at the end. A key already present raises 457; that, or a lack of memory,
+  /// changes nothing.
   void Add(std::string_view key, Value value) {
     std::string folded = FoldKey(key);
     if (places_.contains(folded)) RaiseKeyPresent(key);

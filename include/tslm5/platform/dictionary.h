@@ -17,7 +17,8 @@ namespace tslm5 {
 /// Keys are numbers, booleans or texts; any other kind raises 13.
 class Dictionary {
  public:
-  /// Adds a new entry at the end. A key already present raises 457 and changes nothing.
+  /// Adds a new entry at the end. A key already present raises 457; that, or a lack of memory,
+  /// changes nothing.
   void Add(const Variant& key, Variant value) {
     std::string code = Encode(key);
     if (places_.contains(code)) {
