@@ -30,6 +30,12 @@ inline constexpr std::string_view kFileNotFound = "File not found.";
 inline constexpr std::string_view kFirstLinesEmpty =
     "File is empty (the initial 100 lines are empty).";
 inline constexpr std::string_view kInvalidFile = "Invalid file.";
+inline constexpr std::string_view kLoneReturns =
+    "Invalid file. Its lines end at carriage returns alone.\r\n\r\nPlease save it with line feeds.";
+inline constexpr std::string_view kNulInLabels =
+    "Unable to proceed: The labels row holds a NUL character.\r\n\r\nPlease make sure that the "
+    "file "
+    "is plain text.";
 inline constexpr std::string_view kInvalidSeparator = "Invalid separator.";
 inline constexpr std::string_view kTooManyColumns = "Invalid dataset. Too many columns.";
 inline constexpr std::string_view kLabelCount =

@@ -1,7 +1,8 @@
 #include "datacheck/data_check.h"
 
 #include <exception>
-#include <optional>
+#include <new>
+#include <utility>
 
 #include "contracts/event_args_objects.h"
 #include "datacheck/check_texts.h"
@@ -70,6 +71,10 @@ class DataCheck {
       FindFirstLines();
       Feedback(check_text::kCheckingSeparator);
       if (separator_ != separator_code::kNone) CheckFirstLines();
+      // Not a rule of the file's form, but a load would not take such labels.
+      if (labels_row_.find('\0') != std::string_view::npos) {
+        throw Refusal{check_text::kNulInLabels};
+      }
       Feedback(check_text::kCheckingData);
       CheckData();
       return true;
@@ -77,6 +82,8 @@ class DataCheck {
       return Fail(message, std::string(refusal.text), refusal.text);
     } catch (const Error& error) {
       return Fail(message, error.Description(), check_text::WithoutPrefix(error.Description()));
+    } catch (const std::bad_alloc&) {
+      return Fail(message, "Out of memory", "Out of memory");
     } catch (const std::exception& error) {
       return Fail(message, error.what(), error.what());
     }
@@ -105,12 +112,17 @@ class DataCheck {
     return false;
   }
 
+  /// A failure of the system is none of the file, and keeps its own words.
   void ReadFile() {
-    if (!FileHelpers::FileExists(file_name_)) throw Refusal{check_text::kFileNotFound};
-    try {
-      text_ = SharedFunctions::ReadTextFile(file_name_);
-    } catch (const Error&) {
-      throw Refusal{check_text::kInvalidFile};
+    FileHelpers::TextFile file = SharedFunctions::ReadFile(file_name_);
+    switch (file.kind) {
+      case FileHelpers::TextFile::Kind::kRead:
+        text_ = std::move(file.text);
+        return;
+      case FileHelpers::TextFile::Kind::kForbidden:
+        throw Refusal{check_text::kInvalidFile};
+      default:
+        throw Refusal{check_text::kFileNotFound};
     }
   }
 
@@ -127,7 +139,10 @@ class DataCheck {
     }
     if (lines > 1) throw Refusal{check_text::kInvalidFile};
     if (has_labels_) {
-      if (rest.empty()) throw Refusal{check_text::kInvalidFile};
+      if (rest.empty()) {
+        throw Refusal{SharedFunctions::HasLoneReturns(text_) ? check_text::kLoneReturns
+                                                             : check_text::kInvalidFile};
+      }
       labels_row_ = line;
       line = TakeLine(rest);
     }

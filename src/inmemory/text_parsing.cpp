@@ -42,13 +42,25 @@ std::int32_t CountRows(std::string_view text) {
   return static_cast<std::int32_t>(count);
 }
 
+/// Deletes the blank that begins a line, but not one that is all of the line: it is no record, and
+/// will be refused.
+void DropLeadingBlanks(std::string& text) {
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool leads = text[i] == ' ' && i > 0 && text[i - 1] == '\n';
+    if (leads && i + 1 < text.size() && text[i + 1] != '\n') continue;
+    text[kept++] = text[i];
+  }
+  text.resize(kept);
+}
+
 /// Readies lines that begin with the response for its move to their end: blanks in front of it are
 /// nothing, as everywhere; one that is left out becomes a token, or the last input would pass for
 /// it.
 void KeepFirstFields(std::string& text, std::string_view separator) {
   if (separator == " ") {
     SharedFunctions::MergeRepeats(separator, text);
-    TextCleanup::ReplaceToken(text, "\n ", "\n");
+    DropLeadingBlanks(text);
   } else if (!separator.empty() && text.find("\n" + std::string(separator)) != std::string::npos) {
     std::string kept;
     kept.reserve(text.size() + text.size() / 8);
@@ -73,7 +85,9 @@ void TextParsing::Parse(std::string_view path, std::int32_t separator, bool has_
                         std::int32_t data_set_type, std::int32_t layout,
                         IParseEventArgs* arguments) {
   if (path.empty()) throw Error(error_number::kInvalidArgument);
-  if (!FileHelpers::FileExists(path)) throw Error(error_number::kFileMissing);
+  FileHelpers::TextFile file = SharedFunctions::ReadFile(path);
+  if (file.kind == FileHelpers::TextFile::Kind::kForbidden) FileHelpers::RaiseForbidden(path);
+  if (file.kind != FileHelpers::TextFile::Kind::kRead) throw Error(error_number::kFileMissing);
   Ref<IParseEventArgs> own;
   if (arguments == nullptr) {
     own = MakeParseEventArgs();
@@ -81,8 +95,7 @@ void TextParsing::Parse(std::string_view path, std::int32_t separator, bool has_
     own->put_ParseType(0);
     arguments = own.get();
   }
-  std::string text = SharedFunctions::ReadTextFile(path);
-  ParseString(text, separator, has_labels, data_set_type, layout, arguments);
+  ParseString(file.text, separator, has_labels, data_set_type, layout, arguments);
 }
 
 void TextParsing::ParseString(std::string& text, std::int32_t separator, bool has_labels,

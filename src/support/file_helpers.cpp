@@ -4,12 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "support/text_decoding.h"
 #include "tslm5/platform/error.h"
@@ -19,7 +19,7 @@ namespace {
 
 /// Read in steps that stay in the processor's cache between being cleared and being filled.
 constexpr std::size_t kStepBytes = std::size_t{256} * 1024;
-constexpr std::size_t kSmallestBuffer = 4096;
+constexpr const char* kSource = "ReadAllText";
 
 class FileDescriptor {
  public:
@@ -37,11 +37,6 @@ class FileDescriptor {
   int number_;
 };
 
-[[noreturn]] void RaiseUnreadable(const std::string& path, const std::string& reason) {
-  throw Error(error_number::kFileAccess, "ReadAllText",
-              "The file \"" + path + "\" cannot be read: " + reason + ".");
-}
-
 std::string SystemReason(int code) {
   return std::generic_category().message(code);
 }
@@ -56,20 +51,92 @@ bool CanName(std::string_view path) {
   return !path.empty() && path.find('\0') == std::string_view::npos;
 }
 
+[[noreturn]] void RaiseUnreadable(std::string_view path, std::string_view reason) {
+  throw Error(
+      error_number::kFileAccess, kSource,
+      "The file \"" + std::string(path) + "\" cannot be read: " + std::string(reason) + ".");
+}
+
+[[noreturn]] void RaiseNoText(std::string_view path, std::string_view reason) {
+  throw Error(
+      error_number::kInvalidData, kSource,
+      "The file \"" + std::string(path) + "\" is not delimited text: " + std::string(reason) + ".");
+}
+
+bool HasUtf16Mark(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
+/// Refuses what would be one line without end, as soon as that can be seen: such a file may be
+/// larger than the memory.
+class LineLengths {
+ public:
+  LineLengths(std::string_view path, std::size_t longest) : path_(path), longest_(longest) {}
+
+  /// Looks at the bytes that were read last, the first ones included.
+  void Take(std::string_view bytes) {
+    const bool is_first = read_ == 0;
+    const std::size_t feed = bytes.rfind('\n');
+    read_ += bytes.size();
+    if (feed != std::string_view::npos) {
+      line_start_ = read_ - bytes.size() + feed + 1;
+    } else if (is_first && bytes.size() == kStepBytes && !HasUtf16Mark(bytes) &&
+               bytes.find('\0') != std::string_view::npos) {
+      RaiseNoText(path_, "its first line holds a NUL character and does not end within 256 KiB");
+    } else if (read_ - line_start_ > longest_) {
+      RaiseNoText(path_, "it has a line of more than " + std::to_string(longest_) + " bytes");
+    }
+  }
+
+ private:
+  std::string_view path_;
+  std::size_t longest_;
+  std::size_t read_ = 0;
+  std::size_t line_start_ = 0;
+};
+
+/// Fills [to, to + size), unless the file ends before that; how much was read.
+std::size_t ReadStep(int descriptor, char* to, std::size_t size, std::string_view path) {
+  std::size_t used = 0;
+  while (used < size) {
+    const ::ssize_t count = ::read(descriptor, to + used, size - used);
+    if (count == 0) break;
+    if (count > 0) {
+      used += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
+      RaiseUnreadable(path, SystemReason(errno));
+    }
+  }
+  return used;
+}
+
+/// Looks at the first line of a file that may be one line alone, before any of it is kept.
+void CheckFirstLine(int descriptor, LineLengths lines) {
+  std::string block(kStepBytes, '\0');
+  for (::off_t at = 0;;) {
+    const ::ssize_t count = ::pread(descriptor, block.data(), block.size(), at);
+    if (count <= 0) return;  // the reading itself will tell
+    const std::string_view bytes(block.data(), static_cast<std::size_t>(count));
+    if (bytes.find('\n') != std::string_view::npos) return;
+    lines.Take(bytes);
+    at += count;
+  }
+}
+
 /// Reads to the end, however far that is from `expected_size`. The room beyond the expected size
 /// costs no memory until it is used; decoding may use it instead of a second buffer.
-std::string ReadToEnd(int descriptor, std::size_t expected_size, const std::string& path) {
+std::string ReadToEnd(int descriptor, std::size_t expected_size, std::string_view path,
+                      LineLengths lines) {
   std::string bytes;
-  bytes.reserve(expected_size + expected_size / 8 + kSmallestBuffer);
+  bytes.reserve(expected_size + expected_size / 8 + kStepBytes);
   for (;;) {
     const std::size_t used = bytes.size();
-    if (used == bytes.capacity()) bytes.reserve(2 * used);
-    bytes.resize(used + std::min(bytes.capacity() - used, kStepBytes));
-    const ::ssize_t count = ::read(descriptor, bytes.data() + used, bytes.size() - used);
-    const int code = errno;
-    bytes.resize(used + (count > 0 ? static_cast<std::size_t>(count) : 0));
-    if (count == 0) return bytes;
-    if (count < 0 && code != EINTR) RaiseUnreadable(path, SystemReason(code));
+    if (bytes.capacity() - used < kStepBytes) bytes.reserve(2 * used);
+    bytes.resize(used + kStepBytes);
+    const std::size_t count = ReadStep(descriptor, bytes.data() + used, kStepBytes, path);
+    bytes.resize(used + count);
+    lines.Take(std::string_view(bytes).substr(used));
+    if (count < kStepBytes) return bytes;
   }
 }
 
@@ -89,25 +156,39 @@ bool FileExists(std::string_view path) {
          !S_ISDIR(status.st_mode);
 }
 
-std::string ReadAllText(std::string_view path) {
+TextFile ReadFile(std::string_view path, std::size_t longest_line) {
+  using Kind = TextFile::Kind;
   if (!CanName(path)) return {};
-  const std::string name(path);
-  const FileDescriptor file(name);
+  const FileDescriptor file{std::string(path)};
   if (file.Number() < 0) {
-    if (errno == ENOENT || errno == ENOTDIR) return {};
-    RaiseUnreadable(name, SystemReason(errno));
+    const int code = errno;
+    if (code == ENOENT || code == ENOTDIR) return {};
+    if (code == EACCES || code == EPERM) return {Kind::kForbidden, {}};
+    RaiseUnreadable(path, SystemReason(code));
   }
   struct stat status {};
-  if (::fstat(file.Number(), &status) != 0) RaiseUnreadable(name, SystemReason(errno));
-  if (S_ISDIR(status.st_mode)) return {};
+  if (::fstat(file.Number(), &status) != 0) RaiseUnreadable(path, SystemReason(errno));
+  if (S_ISDIR(status.st_mode)) return {Kind::kFolder, {}};
+  const auto size = static_cast<std::size_t>(status.st_size);
+  const LineLengths lines(path, longest_line);
+  if (size > longest_line) CheckFirstLine(file.Number(), lines);
   try {
-    return TextDecoding::ToUtf8(
-        ReadToEnd(file.Number(), static_cast<std::size_t>(status.st_size), name));
+    return {Kind::kRead, TextDecoding::ToUtf8(ReadToEnd(file.Number(), size, path, lines))};
   } catch (const std::bad_alloc&) {
-    RaiseUnreadable(name, "it does not fit into memory");
+    RaiseUnreadable(path, "it does not fit into memory");
   } catch (const std::length_error&) {
-    RaiseUnreadable(name, "it does not fit into memory");
+    RaiseUnreadable(path, "it does not fit into memory");
   }
+}
+
+void RaiseForbidden(std::string_view path) {
+  RaiseUnreadable(path, SystemReason(EACCES));
+}
+
+std::string ReadAllText(std::string_view path) {
+  TextFile file = ReadFile(path);
+  if (file.kind == TextFile::Kind::kForbidden) RaiseForbidden(path);
+  return std::move(file.text);
 }
 
 }  // namespace tslm5::FileHelpers

@@ -4,7 +4,6 @@
 #include <bit>
 #include <cstddef>
 
-#include "support/file_helpers.h"
 #include "support/text_cleanup.h"
 
 namespace tslm5::SharedFunctions {
@@ -13,6 +12,17 @@ std::string ReadTextFile(std::string_view path) {
   std::string text = FileHelpers::ReadAllText(path);
   TextCleanup::ReplaceToken(text, "\r\n", "\n");
   return text;
+}
+
+FileHelpers::TextFile ReadFile(std::string_view path) {
+  FileHelpers::TextFile file = FileHelpers::ReadFile(path);
+  TextCleanup::ReplaceToken(file.text, "\r\n", "\n");
+  return file;
+}
+
+bool HasLoneReturns(std::string_view text) {
+  const std::string_view line = text.substr(0, text.find_last_not_of("\r\n") + 1);
+  return line.find('\r') != std::string_view::npos && line.find('\n') == std::string_view::npos;
 }
 
 std::int32_t MergeRepeats(std::string_view token, std::string& text) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/file_helpers.h"
 #include "support/separators.h"
 
 /// Reading a text file, and the clean-ups of a line or text before it is split.
@@ -13,6 +14,13 @@ namespace tslm5::SharedFunctions {
 /// The text of a file as `FileHelpers::ReadAllText` gives it, every "\r\n" made "\n" in one pass;
 /// a lone "\r" stays. Empty when there is no such file. Raises 75 when it cannot be read.
 std::string ReadTextFile(std::string_view path);
+
+/// The same of `FileHelpers::ReadFile`, for those who tell apart what stands at the path.
+FileHelpers::TextFile ReadFile(std::string_view path);
+
+/// Whether the lines of a text end at carriage returns alone: it has several of them by those, and
+/// only one by line feeds.
+bool HasLoneReturns(std::string_view text);
 
 /// Replaces pairs of `token` by one, as long as there are pairs. Returns the number of passes this
 /// takes, not of pairs: 2 for four in a row. An empty token leaves the text alone.

@@ -62,8 +62,23 @@ TEST(DataCheckFiles, RefusesAFileThatItMayNotRead) {
   ExpectRefused(path, "Invalid file.");
 }
 
-TEST(DataCheckFiles, RefusesAFileWhoseReadingFails) {
-  ExpectRefused("/proc/self/mem", "Invalid file.");
+TEST(DataCheckFiles, DoesNotBlameTheFileForAFailureOfTheSystem) {
+  ExpectRefused("/proc/self/mem",
+                "The file \"/proc/self/mem\" cannot be read: Input/output error.");
+  const TemporaryFolder folder;
+  const std::string loop = folder.PathOf("loop");
+  std::filesystem::create_symlink("loop", loop);
+  ExpectRefused(loop,
+                "The file \"" + loop + "\" cannot be read: Too many levels of symbolic links.");
+}
+
+TEST(DataCheckFiles, TellsOfNoTextWithoutReadingItToItsEnd) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("zeros", "");
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 40u);
+  ExpectRefused(path, "The file \"" + path +
+                          "\" is not delimited text: its first line holds a NUL character and does "
+                          "not end within 256 KiB.");
 }
 
 TEST(DataCheckFiles, ReadsTheFileBeforeTheFirstFeedback) {

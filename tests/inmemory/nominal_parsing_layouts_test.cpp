@@ -41,6 +41,16 @@ TEST(NominalParsingLayouts, TakeNoInputForAResponseThatIsLeftOut) {
   EXPECT_EQ(NominalSet().ErrorOf(",1,2\nno,3,4", {.layout = 3}).Number(), 41025);
 }
 
+TEST(NominalParsingLayouts, TakeNoLineOfBlanksForARecord) {
+  for (const char* text : {"no 1 2\n   \nyes 3 4", "no 1 2\n \n\n yes 3 4"}) {
+    for (const std::int32_t layout : {1, 3}) {
+      EXPECT_THAT(NominalSet().ErrorOf(text, {.separator = 0, .layout = layout}),
+                  IsColumnCountError(2))
+          << text << " in layout " << layout;
+    }
+  }
+}
+
 TEST(NominalParsingLayouts, DoNotMakeALabelOfOneThatIsLeftOut) {
   EXPECT_EQ(NominalSet().ErrorOf(",a\nno,2", {.has_labels = true, .layout = 3}).Number(), 41013);
 }

@@ -126,6 +126,63 @@ TEST(ReadAllText, TellsPathAndReasonWhenReadingFails) {
   EXPECT_EQ(error.Description(), "The file \"/proc/self/mem\" cannot be read: Input/output error.");
 }
 
+TEST(ReadFile, TellsApartWhatStandsAtAPath) {
+  using Kind = TextFile::Kind;
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "1,2\r\n");
+  EXPECT_EQ(ReadFile(path).kind, Kind::kRead);
+  EXPECT_EQ(ReadFile(path).text, "1,2\r\n");
+  EXPECT_EQ(ReadFile(folder.Path()).kind, Kind::kFolder);
+  for (const std::string& absent :
+       {std::string(), folder.PathOf("absent"), path + "/below", path + std::string("\0x", 2)}) {
+    EXPECT_EQ(ReadFile(absent).kind, Kind::kAbsent) << absent;
+  }
+}
+
+std::string NoTextWords(const std::string& path, const std::string& reason) {
+  return "The file \"" + path + "\" is not delimited text: " + reason + ".";
+}
+
+void ExpectNoText(const std::string& path, std::size_t longest_line, const std::string& reason) {
+  const Error error = Raised([&] { ReadFile(path, longest_line); });
+  EXPECT_EQ(error.Number(), 41011);
+  EXPECT_EQ(error.Description(), NoTextWords(path, reason));
+}
+
+// It is far larger than any memory, so that reading it would fail in other words.
+TEST(ReadFile, RefusesAFileOfNulCharactersAtOnce) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("zeros", "");
+  std::filesystem::resize_file(path, std::uintmax_t{1} << 40u);
+  ExpectNoText(path, kLongestLine,
+               "its first line holds a NUL character and does not end within 256 KiB");
+}
+
+TEST(ReadFile, TakesANulCharacterInAShortLineOrInUtf16) {
+  const TemporaryFolder folder;
+  const std::string line = std::string("1,\0\n", 4);
+  EXPECT_EQ(ReadFile(folder.Write("a.txt", line + std::string(300'000, '1'))).text.substr(0, 4),
+            line);
+  std::string utf16 = "\xFF\xFE";
+  for (int i = 0; i < 200'000; ++i) utf16 += std::string("1\0", 2);
+  EXPECT_EQ(ReadFile(folder.Write("b.txt", utf16)).text, std::string(200'000, '1'));
+}
+
+TEST(ReadFile, RefusesALineThatIsTooLong) {
+  const TemporaryFolder folder;
+  const std::string line(600'000, '1');
+  const std::string reason = "it has a line of more than 599999 bytes";
+  ExpectNoText(folder.Write("a.txt", line), line.size() - 1, reason);
+  ExpectNoText(folder.Write("b.txt", "1\n2\n" + line + line), line.size() - 1, reason);
+}
+
+TEST(ReadFile, TakesALineThatIsJustNotTooLong) {
+  const TemporaryFolder folder;
+  const std::string line(600'000, '1');
+  const std::string text = line + "\n" + line + "\n";
+  EXPECT_EQ(ReadFile(folder.Write("a.txt", text), line.size()).text, text);
+}
+
 #if !defined(TSLM5_ADDRESS_SANITIZER)
 [[noreturn]] void ReadWithLittleMemory(const std::string& path) {
   constexpr ::rlim_t kRoomBytes = ::rlim_t{512} * 1024 * 1024;
@@ -137,7 +194,7 @@ TEST(ReadAllText, TellsPathAndReasonWhenReadingFails) {
 TEST(ReadAllText, RefusesAFileThatDoesNotFitIntoMemory) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const TemporaryFolder folder;
-  const std::string path = folder.Write("huge.txt", "1");
+  const std::string path = folder.Write("huge.txt", "1\n");
   std::filesystem::resize_file(path, std::uintmax_t{1} << 32u);
   EXPECT_EXIT(ReadWithLittleMemory(path), ::testing::ExitedWithCode(75), "");
 }

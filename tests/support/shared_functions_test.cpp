@@ -113,5 +113,13 @@ TEST(CleanLine, DeletesPairsOfLineFeedsAndThoseAtTheStart) {
   for (const Case& c : cases) EXPECT_EQ(CleanedLine(c.before), c.after) << c.before;
 }
 
+TEST(HasLoneReturns, IsTrueOfATextWhoseLinesEndAtThemAlone) {
+  for (const char* text : {"1\r2", "1\r2\r", "a,b\r1,2\r\n"})
+    EXPECT_TRUE(HasLoneReturns(text)) << text;
+  for (const char* text : {"", "1", "1\r", "1\r\n", "1\r2\n3", "1\n2\r3"}) {
+    EXPECT_FALSE(HasLoneReturns(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace tslm5::SharedFunctions
