@@ -18,10 +18,11 @@ class RowInsertText {
 
   /// The statement of a line of blank-separated values. The line is trimmed; every single blank
   /// separates; a field that is empty or a missing-value token becomes NULL, every other one a
-  /// quoted text. A field with an apostrophe or a NUL character raises 41011, source "ParseArray".
+  /// quoted text. A field with an apostrophe or a NUL character, and a number that is no finite
+  /// double, raise 41011, source "ParseArray".
   std::string_view FromLine(std::string_view line, std::int32_t row);
 
-  // The statement of a row of numbers: NaN becomes NULL.
+  // The statement of a row of numbers: NaN becomes NULL, an infinity raises 6.
   void BeginNumbers() { buffer_size_ = head_size_; }
   void AddNumber(double value);
   std::string_view EndNumbers(std::int32_t row);

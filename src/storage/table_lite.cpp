@@ -5,14 +5,13 @@
 #include "storage/restore_guard.h"
 #include "storage/run_statements.h"
 #include "storage/run_tables.h"
+#include "storage/table_limits.h"
 #include "storage/table_names.h"
 #include "storage/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 namespace {
-
-constexpr std::int32_t kMostColumns = 1999;  // SQLite takes 2,000, and `row` is one of them
 
 std::string BackupName(std::string_view name) {
   return std::string(name) + "Backup";
@@ -25,15 +24,6 @@ std::string ColumnList(std::int32_t columns) {
     list += FillStatement(run_statement::kDataColumn, {{"<COLUMN>", std::to_string(i)}});
   }
   return list += run_statement::kRowColumn;
-}
-
-void CheckColumnCount(std::int32_t columns, std::string_view name) {
-  if (columns > kMostColumns) {
-    throw Error(error_number::kInvalidData, "Create",
-                "too many columns on " + std::string(name) + ": " + std::to_string(columns) +
-                    " data columns, but the database takes " + std::to_string(kMostColumns) +
-                    " at most.");
-  }
 }
 
 }  // namespace
@@ -61,10 +51,10 @@ void TableLite::Execute(std::string_view statement) {
 }
 
 void TableLite::Create(std::int32_t pColumns, std::int32_t pSetType, bool pCreateBackup) {
+  RequireTable(pSetType, pColumns, "Create");
   RestoreGuard type_code(type_code_);
   type_code_ = pSetType;
   const Ref<IConnection> connection = Connection();
-  CheckColumnCount(pColumns, Name());
   const std::string columns = ColumnList(pColumns);
 
   Transaction transaction(*connection);

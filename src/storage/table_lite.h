@@ -78,7 +78,8 @@ class TableLite final : public FacetOwner {
   bool GetValue(std::int32_t pColumn, std::int32_t pRow, double& pValue) {
     return record_set_ && IsRow(pRow) && record_set_->ReadNumber(pRow + 1, pColumn, &pValue);
   }
-  /// Writes one cell; false when there is none. The row number cannot be written.
+  /// Writes one cell; false when there is none. The row number cannot be written. NaN is NULL; an
+  /// infinity raises 6, and nothing is written.
   bool PutValue(std::int32_t pColumn, std::int32_t pRow, double pValue);
   /// The row's data cells, each followed by `pSeparator`; "NULL" for a missing one; "" for an
   /// absent row.

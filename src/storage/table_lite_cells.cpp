@@ -1,4 +1,6 @@
 // Single cells and rows of a data table.
+#include <cmath>
+
 #include "platform/only_errors.h"
 #include "storage/run_statements.h"
 #include "storage/table_lite.h"
@@ -6,6 +8,7 @@
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5 {
+
 std::int32_t TableLite::Columns() {
   return record_set_ ? record_set_->FieldCount() - 1 : 0;
 }
@@ -27,6 +30,9 @@ bool TableLite::PutValue(std::int32_t pColumn, std::int32_t pRow, double pValue)
   if (pColumn < 0 || pColumn >= Columns() || !IsRow(pRow)) return false;
   record_set_->MoveTo(pRow + 1, 0);
   if (record_set_->EndOfFile()) return false;
+  if (std::isinf(pValue)) {
+    throw Error(error_number::kOverflow, "PutValue", "An infinite number cannot be stored.");
+  }
   record_set_->SetField(pColumn, pValue);
   return true;
 }

@@ -98,13 +98,49 @@ TEST(RowInsertText, NumbersUseThePointWhateverTheLocale) {
   EXPECT_EQ(text.EndNumbers(1), "INSERT INTO TestingSet VALUES (1.5,1);");
 }
 
-TEST(RowInsertText, NotANumberIsNullAndInfinityIsLeftForTheDatabaseToRefuse) {
+TEST(RowInsertText, NotANumberIsNullAndInfinityIsRefused) {
   RowInsertText text("TestingSet", false);
   text.AddNumber(kNan);
   text.AddNumber(-kNan);
-  text.AddNumber(kInfinity);
-  text.AddNumber(-kInfinity);
-  EXPECT_EQ(text.EndNumbers(1), "INSERT INTO TestingSet VALUES (NULL,NULL,inf,-inf,1);");
+  EXPECT_EQ(RaisedNumber([&text] { text.AddNumber(kInfinity); }), 6);
+  EXPECT_EQ(RaisedNumber([&text] { text.AddNumber(-kInfinity); }), 6);
+  EXPECT_EQ(text.EndNumbers(1), "INSERT INTO TestingSet VALUES (NULL,NULL,1);");
+}
+
+// The database makes an infinity of each of them.
+TEST(RowInsertText, ANumberTooLargeForADoubleIsRefused) {
+  const std::string long_number(400, '9');
+  for (const std::string& number :
+       {std::string("1e400"), std::string("9e308"), std::string("-1E+999999999999"),
+        std::string("1.7976931348623159e308"), std::string("+.1e310"), std::string("5.e308"),
+        std::string("1e400\r"), std::string("\f1e400"), long_number, "-" + long_number + ".5",
+        std::string(250, '1') + "e99", std::string("17976931348623159e0292")}) {
+    RowInsertText text("TestingSet", false);
+    const Error error = Raised([&] { text.FromLine("1 " + number + " 3", 7); });
+    EXPECT_EQ(error.Number(), 41011) << number;
+    EXPECT_EQ(error.Source(), "ParseArray");
+    EXPECT_EQ(error.Description(), "Row 7, column 2 holds a number too large for a double, " +
+                                       number.substr(0, 15) +
+                                       ", which a data table does not take.");
+  }
+}
+
+TEST(RowInsertText, ALargeNumberOrAWordIsNot) {
+  for (const std::string& field :
+       {std::string("1e308"), std::string("1.7976931348623157e308"), std::string("1e-400"),
+        std::string("0e999"), std::string(200, '9') + "e99", std::string("inf"),
+        std::string("1e400x"), std::string("e400"), std::string("1e"), std::string("1.2.3e400"),
+        std::string(400, 'x'), std::string(400, '0'), "0." + std::string(400, '9')}) {
+    RowInsertText text("TestingSet", false);
+    EXPECT_EQ(text.FromLine(field, 1), "INSERT INTO TestingSet VALUES ('" + field + "', 1);");
+  }
+}
+
+TEST(RowInsertText, ANumberTooLargeIsFoundUnderADecimalCommaAndBehindOtherFields) {
+  RowInsertText text("TestingSet", true);
+  EXPECT_EQ(RaisedNumber([&text] { text.FromLine("1,8e308", 1); }), 41011);
+  EXPECT_EQ(RaisedNumber([&text] { text.FromLine("e 12345678901234567890e300 e e", 1); }), 41011);
+  EXPECT_EQ(RaisedNumber([&text] { text.FromLine("e 1234567 e 1,7e308 1 1 1 1 1 1 1", 1); }), 0);
 }
 
 TEST(RowInsertText, ARowThatHoldsItsNumberEndsWithoutAComma) {

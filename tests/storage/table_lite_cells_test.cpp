@@ -8,6 +8,7 @@
 #include <fstream>
 #include <limits>
 
+#include "platform/raised.h"
 #include "storage/table_lite.h"
 #include "storage/test_run.h"
 
@@ -51,6 +52,17 @@ TEST_F(TableLiteCells, TheColumnBehindTheDataIsTheRowNumber) {
 TEST_F(TableLiteCells, ACellWithoutANumberReadsAsNotANumber) {
   EXPECT_TRUE(std::isnan(Cell(1, 1)));  // NULL
   EXPECT_TRUE(std::isnan(Cell(0, 2)));  // text
+}
+
+TEST_F(TableLiteCells, PutValueRefusesAnInfiniteNumber) {
+  for (const double value : {HUGE_VAL, -HUGE_VAL}) {
+    const Error error = Raised([&] { table_->PutValue(0, 0, value); });
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_EQ(error.Source(), "PutValue");
+    EXPECT_FALSE(table_->PutValue(0, 3, value)) << "there is no such cell";
+  }
+  EXPECT_TRUE(table_->Save());
+  EXPECT_EQ(run_.Select("SELECT d0 FROM TrainingSet WHERE row = 1"), (Lines{"1"}));
 }
 
 TEST_F(TableLiteCells, GetValueIsFalseWhereThereIsNoCell) {

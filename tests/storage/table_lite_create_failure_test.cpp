@@ -77,7 +77,7 @@ TEST_F(TableLiteCreateFailure, KeepsTheTypeCodeThatTheRecordSetBelongsTo) {
 
 TEST_F(TableLiteCreateFailure, OfATypeWithoutATableTouchesNoOtherTable) {
   run_.Execute("CREATE TABLE Backup (a INTEGER)");
-  EXPECT_EQ(RaisedNumber([this] { table_->Create(1, 100, true); }), 1);
+  EXPECT_EQ(RaisedNumber([this] { table_->Create(1, 100, true); }), 41001);
   EXPECT_EQ(run_.ColumnNames("Backup"), "a");
   ExpectTheOldState();
 }
