@@ -25,7 +25,6 @@ struct DataSetLiteState {
   std::string dependent_var_name = "y";
   std::int32_t data_set_type = 0;
   std::int32_t problem_category = 0;
-  std::int32_t separator = 0;
 
   bool has_labels = true;
   std::vector<std::string> labels;  // no character of code 5 in them

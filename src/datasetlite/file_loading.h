@@ -2,10 +2,10 @@
 #define TSLM5_DATASETLITE_FILE_LOADING_H_
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "datasetlite/data_set_lite_state.h"
+#include "datasetlite/prepared_text.h"
 #include "tslm5/contracts/event_args.h"
 
 namespace tslm5 {
@@ -29,24 +29,19 @@ class FileLoading {
     kEmptied,   // a `RecordParsed` was cancelled; there was no table before, and now an empty one
   };
 
-  /// What the events of a load say at its end, and whether its labels are tested.
+  /// The operation as its errors name it, what its events say at the end, and whether its labels
+  /// are tested.
   struct Kind {
+    const char* source;
     std::string_view done;
     std::string_view failed;
     bool tests_labels;
   };
 
-  /// The text of a file, ready to be loaded: rows of blank-separated values.
-  struct Rows {
-    std::string text;
-    std::string label_row;
-    std::int32_t columns = 0;
-  };
-
-  void SetSeparator(std::int32_t separator);
-  Rows Prepare(std::string text, bool has_labels, std::int32_t layout) const;
-  void SetLabels(const Rows& rows, bool test_labels);
-  Outcome LoadRows(const Rows& rows, std::string_view file_name, IParseEventArgs& arguments);
+  std::string_view StoreSeparator(std::int32_t separator);
+  void SetLabels(const PreparedText& rows, std::string_view separator, const Kind& kind);
+  Outcome LoadRows(const Kind& kind, const PreparedText& rows, std::string_view file_name,
+                   IParseEventArgs& arguments);
   Outcome Fill(std::string_view rows, std::int32_t columns);
   void Finish(IParseEventArgs& arguments, std::string_view message);
   void Load(const Kind& kind, std::string_view file_name, std::int32_t data_set_type,

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cstdint>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -27,6 +28,7 @@ namespace tslm5 {
 namespace {
 
 constexpr int kFiles = 500;
+constexpr int kTinyFiles = 6'000;
 
 using Cells = std::vector<std::vector<double>>;
 
@@ -58,6 +60,33 @@ Cells PlainCells(const RandomFile& file, char decimal) {
   }
   cells.pop_back();
   return cells;
+}
+
+/// A few characters that mean something to a check, mostly in the shape of a table.
+RandomFile TinyFile(std::mt19937& random) {
+  constexpr std::string_view kSeparatorOf = " \t,;|";
+  constexpr std::string_view kAny("12 ,;|\t\n\r.-+eEa\0'?", 19);
+  RandomFile file;
+  file.separator = static_cast<std::int32_t>(random() % 6) - 1;
+  const char separator = file.separator < 0 ? '\n' : kSeparatorOf[file.separator];
+  file.has_labels = random() % 3 == 0;
+  if (file.has_labels) file.text = std::string("a") + separator + "b\n";
+  const auto oddity = 4 + random() % 40;  // how rare odd characters are
+  for (auto left = 3 + random() % 16; left > 0; --left) {
+    constexpr std::string_view kUsual = "0123";
+    const auto kind = random() % 8;
+    if (random() % oddity == 0) {
+      file.text += kAny[random() % kAny.size()];
+    } else if (kind < 4) {
+      file.text += kUsual[random() % kUsual.size()];
+    } else {
+      file.text += kind < 6 ? separator : kind == 6 ? '\n' : ' ';
+    }
+  }
+  for (std::size_t at = 0; (at = file.text.find("\r\n")) != std::string::npos;) {
+    file.text.erase(at, 1);  // other tests write files with both line ends
+  }
+  return file;
 }
 
 class CheckAndLoad : public testing::TestWithParam<const char*> {
@@ -134,18 +163,22 @@ class CheckAndLoad : public testing::TestWithParam<const char*> {
 
   int kept_in_memory_ = 0;
 
- private:
   std::string Write(const RandomFile& file, bool crlf) const {
     std::filesystem::remove(folder_.PathOf("data.txt"));  // some file systems flush what is cut
     return folder_.Write("data.txt", crlf ? WithCrlf(file.text) : file.text);
   }
 
+ private:
   const ScopedLocale scope_{GetParam()};
   const Locale locale_{GetParam()};
   TemporaryFolder folder_;
   TestRun run_;
   Ref<IUnknown> set_ = MakeDataSetLite();
+
+ protected:
   Ref<IDataSet> data_set_ = set_.As<IDataSet>();
+
+ private:
   Ref<IDataSet> in_memory_ = MakeInMemorySet().As<IDataSet>();
 };
 
@@ -166,6 +199,37 @@ TEST_P(CheckAndLoad, StoreTheSameOrNothingOfDoubledSeparators) {
 
 TEST_P(CheckAndLoad, AgreeOnBlanksBesideSeparators) {
   EXPECT_GT(ExpectAgreement({.blanks_beside_separators = true}), kFiles / 10);
+}
+
+// Whatever stands in a file: what the check passes is stored as the numbers that it saw, or refused
+// in the load's own words, and the earlier records stay.
+TEST_P(CheckAndLoad, AgreeOnTinyFilesOfAnything) {
+  std::mt19937 random(20240417);
+  int loaded = 0;
+  int refused = 0;
+  for (int i = 0; i < kTinyFiles && !HasFailure(); ++i) {
+    const RandomFile file = TinyFile(random);
+    SCOPED_TRACE("separator " + std::to_string(file.separator) +
+                 (file.has_labels ? " with labels [" : " [") + file.text + "]");
+    std::int32_t separator = file.separator;
+    std::string message;
+    if (!data_set_->IsValidDataSet(Write(file, false), file.has_labels, separator, message))
+      continue;
+    const Cells before = CellsOf(*data_set_);
+    const Error error = Raised([&] { Load(*data_set_, file, false); });
+    if (error.Number() == 0) {
+      EXPECT_EQ(CellsOf(*data_set_), PlainCells(file, Decimal()));
+      ++loaded;
+      continue;
+    }
+    EXPECT_EQ(error.Number(), 41011) << error.Description();
+    EXPECT_EQ(error.Source(), "Parse");
+    EXPECT_TRUE(error.Description().starts_with("Line ")) << error.Description();
+    EXPECT_EQ(CellsOf(*data_set_), before);
+    ++refused;
+  }
+  EXPECT_GT(loaded, kTinyFiles / 50);
+  EXPECT_GT(refused, 10);
 }
 
 INSTANTIATE_TEST_SUITE_P(, CheckAndLoad, testing::Values("en_US", "de_DE"),

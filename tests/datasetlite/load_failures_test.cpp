@@ -42,12 +42,46 @@ std::vector<BadFile> BadFiles() {
       {"OnlySeparators", ",,\n,,\n", {}, 41011, "holds no records."},
       {"OnlyLabels", "a,b\n", {.has_labels = true}, 41011, "holds no records."},
       {"OnlyLabelsWithoutALineFeed", "a,b", {.has_labels = true}, 41011, "holds no records."},
-      {"LoneCarriageReturns", "a,b\r1,2\r3,4\r", {.has_labels = true}, 41011, "holds no records."},
-      {"AShortRow", "1,2,3\n4,5\n", {}, 1, "4 columns but 3 values"},
-      {"ALongRow", "1,2\n3,4,5\n", {}, 1, "3 columns but 4 values"},
-      {"AShortRowAtTheEnd", Repeated("1 2 3\n", 500) + "1 2\n", {.separator = kSpace}, 1, "values"},
-      {"AnEmptyValueAtTheStart", "1,2\n,4\n", {}, 1, "values"},
-      {"AnEmptyValueAtTheEnd", "1,2\n3,\n", {}, 1, "values"},
+      {"LoneCarriageReturns",
+       "a,b\r1,2\r3,4\r",
+       {.has_labels = true},
+       41011,
+       "end at carriage returns alone. Save it with line feeds."},
+      {"AShortRow",
+       "\n1,2,3\n \n4,5\n",
+       {},
+       41011,
+       "Line 4 has 2 fields, but the first record, on line 2, has 3; an empty value counts as a "
+       "field. Correct or remove the line."},
+      {"ALongRow",
+       "a,b\n1,2\n3,4,5\n",
+       {.has_labels = true},
+       41011,
+       "Line 3 has 3 fields, but the first record, on line 2, has 2;"},
+      {"ADoubledSeparator", "1;2\n3;;4\n", {.separator = 3}, 41011, "Line 2 has 3 fields"},
+      {"ARunOfBlanksInAField",
+       "a,b\n1,2\n4  5\n",
+       {.has_labels = true},
+       41011,
+       "Line 3 has 3 fields"},
+      {"ABlankThatMakesUpForAnEmptyValue",
+       "1,2 3,,4\n5,6 7,,8\n",
+       {},
+       41011,
+       "Line 1 has an empty value between two separators and a blank inside another value"},
+      {"AnUnevenRecordInColumns",
+       "1,2,3\n4,5\n",
+       {.layout = 2},
+       41011,
+       "Record 3 has 1 field, but the first record has 2;"},
+      {"ANumberBeyondADouble", "1e400,2\n3,4\n", {}, 41011, "Row 1, column 1 holds a number too"},
+      {"AShortRowAtTheEnd",
+       Repeated("1 2 3\n", 500) + "1 2\n",
+       {.separator = kSpace},
+       41011,
+       "Line 501 has 2 fields"},
+      {"AnEmptyValueAtTheStart", "1,2\n,4\n", {}, 41011, "Line 2 has 1 field,"},
+      {"AnEmptyValueAtTheEnd", "1,2\n3,\n", {}, 41011, "Line 2 has 1 field,"},
       {"ManyColumns",
        Repeated("1,", 2499) + "1\n",
        {},
@@ -158,10 +192,11 @@ TEST_P(DataSetLiteBadReplacement, KeepsTheEarlierSet) {
   ParseFile(set_, folder_.Write("earlier.csv", "1,2\n3,4\n"));
   const Lines before = set_.Everything();
   const Ref<RecordingEvents> events = set_.Listen();
-  EXPECT_EQ(RaisedNumber([&] {
-              set_->Replace(path_, GetParam().options.separator, GetParam().options.has_labels);
-            }),
-            GetParam().number);
+  const Error error = Raised(
+      [&] { set_->Replace(path_, GetParam().options.separator, GetParam().options.has_labels); });
+  EXPECT_EQ(error.Number(), GetParam().number);
+  EXPECT_THAT(error.Description(), HasSubstr(GetParam().words));
+  EXPECT_THAT(error.Source(), testing::AnyOf("", "Replace", "ParseArray"));
   ExpectOneEnd(events->lines, ": Data changing failed.");
   EXPECT_EQ(set_.Everything(), before);
   ExpectUsable(set_);

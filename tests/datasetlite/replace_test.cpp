@@ -6,6 +6,13 @@
 namespace tslm5 {
 namespace {
 
+/// A label line and a record of so many columns and one.
+std::string Commas(int count) {
+  std::string line = "1";
+  for (int i = 0; i < count; ++i) line += ",1";
+  return line + "\n" + line + "\n";
+}
+
 class DataSetLiteReplace : public DataSetLiteTest {
  protected:
   DataSetLiteReplace() { Parse("a,b,c\n1,2,3\n4,5,6\n", {.has_labels = true, .type = 2}); }
@@ -74,6 +81,21 @@ TEST_F(DataSetLiteReplace, ThatFailsKeepsEverything) {
   EXPECT_EQ(RaisedNumber([&] { set_->Replace(folder_.PathOf("absent.csv"), 2, true); }), 53);
   EXPECT_EQ(events->lines.back(), "AfterDataLoad 2 x 0: Data changing failed.");
   EXPECT_EQ(set_.Everything(), before);
+}
+
+TEST_F(DataSetLiteReplace, IsTheSourceOfItsErrors) {
+  const auto source = [this](const std::string& path, bool has_labels) {
+    return Raised([&] { set_->Replace(path, separator_code::kComma, has_labels); }).Source();
+  };
+  EXPECT_EQ(source(folder_.PathOf("absent.csv"), false), "Replace");
+  EXPECT_EQ(source(folder_.Path(), false), "Replace");
+  for (const std::string& bytes :
+       {std::string(), std::string("\n"), std::string("1\r2\r3"), std::string("x,y\n1,2\n3\n"),
+        std::string("a\0,b\n1,2\n", 8), Commas(2500)}) {
+    EXPECT_EQ(source(File(bytes), true), "Replace") << bytes.substr(0, 20);
+  }
+  set_->put_DataSetType(4);
+  EXPECT_EQ(source(File("1,2\n"), false), "Replace");
 }
 
 TEST_F(DataSetLiteReplace, WorksOnASetThatHasNoTableYet) {

@@ -71,7 +71,7 @@ TEST_F(DataSetLiteUnreadableFile, ThatIsAFolderCannotBeRead) {
 
 TEST_F(DataSetLiteUnreadableFile, WithTooLongANameCannotBeRead) {
   const std::string path = folder_.PathOf(std::string(300, 'x'));
-  ExpectRefusal(path, 75, "The file " + path + " cannot be read: File name too long");
+  ExpectRefusal(path, 75, "The file \"" + path + "\" cannot be read: File name too long.");
 }
 
 TEST_F(DataSetLiteUnreadableFile, ThatMayNotBeReadCannotBe) {
@@ -88,8 +88,9 @@ TEST_F(DataSetLiteUnreadableFile, ThatMayNotBeReadCannotBe) {
 TEST_F(DataSetLiteUnreadableFile, InAFolderThatMayNotBeSearchedCannotBeRead) {
   const std::string path = folder_.Write("secret.csv", "1,2\n");
   ASSERT_EQ(chmod(folder_.Path().c_str(), 0600), 0);
-  const int failed = AsACommonUser(
-      [&] { ExpectRefusal(path, 75, "The file " + path + " cannot be read: Permission denied"); });
+  const int failed = AsACommonUser([&] {
+    ExpectRefusal(path, 75, "The file \"" + path + "\" cannot be read: Permission denied.");
+  });
   if (failed < 0) GTEST_SKIP() << "no common user to be had";
   EXPECT_EQ(failed, 0);
 }
