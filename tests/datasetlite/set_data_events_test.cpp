@@ -1,6 +1,9 @@
 // The events of `SetData`, what a handler may do in them, and what is left of a load that failed.
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <new>
+
 #include "datasetlite/lite_set.h"
 #include "inmemory/memory_set.h"
 
@@ -12,8 +15,10 @@ using testing::ElementsAre;
 class DataSetLiteSetDataEvents : public DataSetLiteTest {
  protected:
   DataSetLiteSetDataEvents() {
-    Parse("7,8\n");
+    Parse("a,b\n7,8\n", {.has_labels = true});
     set_.SetDirty(false);
+    before_ = set_.Everything();
+    schema_ = run_.Schema();
     set_.Listen(events_);
   }
 
@@ -23,16 +28,21 @@ class DataSetLiteSetDataEvents : public DataSetLiteTest {
   Error ErrorOfSetData() const {
     return Raised([this] { SetData(); });
   }
-  void ExpectNothingLoaded() const {
-    EXPECT_EQ(set_->Rows(), 0);
-    EXPECT_FALSE(set_->IsReady());
-    EXPECT_TRUE(set_.IsDirty());
-    EXPECT_FALSE(run_.Connection()->TableExists("TrainingSet"));
+  /// Expects the rows of before and all that goes with them, in a set that is not ready.
+  void ExpectTheOldRecords() const {
+    Lines expected = before_;
+    std::replace(expected.begin(), expected.end(), std::string("ready"), std::string("not ready"));
+    std::replace(expected.begin(), expected.end(), std::string("clean"), std::string("dirty"));
+    EXPECT_EQ(set_.Everything(), expected);
+    EXPECT_EQ(run_.TableRows("TrainingSet"), (Lines{"7|8|1"}));
+    EXPECT_EQ(run_.Schema(), schema_);
     EXPECT_FALSE(run_.InTransaction());
   }
 
   MemorySet source_{"1,2\n3,4\n5,6"};
   Ref<RecordingEvents> events_ = MakeObject<RecordingEvents>();
+  Lines before_;
+  Lines schema_;
 };
 
 TEST_F(DataSetLiteSetDataEvents, TellOfTheLoadAndOfEveryRecord) {
@@ -74,15 +84,64 @@ TEST_F(DataSetLiteSetDataEvents, MayCancelTheLoadBeforehand) {
   };
   EXPECT_FALSE(SetData());
   EXPECT_THAT(events_->lines, ElementsAre("BeforeDataLoad 3 x 2"));
-  ExpectNothingLoaded();
+  EXPECT_EQ(set_->Rows(), 0);
+  EXPECT_FALSE(set_->IsReady());
+  EXPECT_TRUE(set_.IsDirty());
+  EXPECT_FALSE(run_.Connection()->TableExists("TrainingSet"));
+  EXPECT_FALSE(run_.InTransaction());
+}
+
+TEST_F(DataSetLiteSetDataEvents, KeepTheOldRecordsWhenAHandlerThrowsBeforehand) {
+  events_->on_before_data_load = [](IDataSet&, IParseEventArgs&) {
+    throw Error(77, "Handler", "x");
+  };
+  EXPECT_THAT(ErrorOfSetData(), IsError(77, "Handler", "x"));
+  EXPECT_EQ(events_->lines.back(), "AfterDataLoad 1 x 2: Data load failed.");
+  ExpectTheOldRecords();
+}
+
+TEST_F(DataSetLiteSetDataEvents, KeepTheOldRecordsWhenAHandlerThrowsAtARecord) {
+  events_->on_record_parsed = [](IRecordParsedEventArgs& record) {
+    if (record.Current() == 1) throw std::bad_alloc();
+  };
+  EXPECT_THROW(SetData(), std::bad_alloc);
+  ExpectTheOldRecords();
+}
+
+TEST_F(DataSetLiteSetDataEvents, KeepTheOldRecordsUnderAnotherType) {
+  events_->on_record_parsed = [](IRecordParsedEventArgs& record) { record.put_Cancel(true); };
+  EXPECT_EQ(RaisedNumber([this] { SetData(data_set_type::kTesting); }), 41019);
+  ExpectTheOldRecords();
+}
+
+TEST_F(DataSetLiteSetDataEvents, KeepTheOldRecordsWhenTheCommitFails) {
+  int depth = 0;
+  run_.Log().before = [&depth](std::string_view statement) {
+    depth += statement == "BEGIN";
+    if (statement == "COMMIT" && --depth == 0) throw Error(13, "Execute", "disk is full");
+  };
+  EXPECT_EQ(ErrorOfSetData().Number(), 13);
+  run_.Log().before = nullptr;
+  ExpectTheOldRecords();
+}
+
+TEST_F(DataSetLiteSetDataEvents, KeepTheOldRecordsWhenAHandlerTakesTheSetToAnotherRun) {
+  const TestRun other;
+  CreateRunTables(*other.Connection());
+  events_->on_before_data_load = [&](IDataSet&, IParseEventArgs&) { set_.Load(other, 1); };
+  EXPECT_EQ(ErrorOfSetData().Number(), 5);
+  ExpectTheOldRecords();
+  events_->on_before_data_load = nullptr;
+  EXPECT_TRUE(SetData());
+  EXPECT_EQ(run_.TableRows("TrainingSet").size(), 3u);
 }
 
 TEST_F(DataSetLiteSetDataEvents, MayCancelTheLoadAtARecord) {
   events_->on_record_parsed = [](IRecordParsedEventArgs& record) { record.put_Cancel(true); };
   EXPECT_THAT(ErrorOfSetData(), IsError(41019, "SetData", "Data load failed."));
   EXPECT_THAT(events_->lines, ElementsAre("BeforeDataLoad 3 x 2", "RecordParsed 0 of 2",
-                                          "AfterDataLoad 0 x 2: Data load failed."));
-  ExpectNothingLoaded();
+                                          "AfterDataLoad 1 x 2: Data load failed."));
+  ExpectTheOldRecords();
 }
 
 TEST_F(DataSetLiteSetDataEvents, LeaveASetThatLoadsAgain) {
@@ -103,8 +162,8 @@ TEST_F(DataSetLiteSetDataEvents, DoNotLookAtTheErrorOfARecord) {
 TEST_F(DataSetLiteSetDataEvents, EndALoadThatTheSourceFails) {
   events_->on_record_parsed = [this](IRecordParsedEventArgs&) { source_->Clear(); };
   EXPECT_THAT(ErrorOfSetData(), IsSubscriptError());
-  EXPECT_EQ(events_->lines.back(), "AfterDataLoad 0 x 2: Data load failed.");
-  ExpectNothingLoaded();
+  EXPECT_EQ(events_->lines.back(), "AfterDataLoad 1 x 2: Data load failed.");
+  ExpectTheOldRecords();
 }
 
 TEST_F(DataSetLiteSetDataEvents, EndALoadThatTheDatabaseFails) {
@@ -112,8 +171,8 @@ TEST_F(DataSetLiteSetDataEvents, EndALoadThatTheDatabaseFails) {
     if (record.Current() == 0) run_.Log().FailAt(1, Error(13, "Execute", "disk is full"));
   };
   EXPECT_THAT(ErrorOfSetData(), IsError(13, "Execute", "disk is full"));
-  EXPECT_EQ(events_->lines.back(), "AfterDataLoad 0 x 2: Data load failed.");
-  ExpectNothingLoaded();
+  EXPECT_EQ(events_->lines.back(), "AfterDataLoad 1 x 2: Data load failed.");
+  ExpectTheOldRecords();
 }
 
 TEST_F(DataSetLiteSetDataEvents, TakeBackTheRecordsWhenTheExtraSetFails) {
@@ -123,7 +182,7 @@ TEST_F(DataSetLiteSetDataEvents, TakeBackTheRecordsWhenTheExtraSetFails) {
     if (statement.starts_with("INSERT INTO TimeSeriesTestingSet")) throw Error(13, "Execute", "x");
   };
   EXPECT_EQ(ErrorOfSetData().Number(), 13);
-  ExpectNothingLoaded();
+  ExpectTheOldRecords();
   EXPECT_FALSE(run_.Connection()->TableExists("TimeSeriesTestingSet"));
   EXPECT_FALSE(set_.As<IExtraSet>()->Exists());
 }

@@ -136,6 +136,31 @@ TEST_F(DataSetLiteSetData, NeedsARun) {
   EXPECT_EQ(set->DataSetType(), 0);
 }
 
+TEST_F(DataSetLiteSetData, RefusesATypeWithoutATableBeforeAnythingIsDone) {
+  Parse("7,8\n");
+  const Lines before = set_.Everything();
+  const Ref<RecordingEvents> events = set_.Listen();
+  for (const std::int32_t type : {4, 0, -1, 100}) {
+    EXPECT_THAT(
+        Raised([&] { SetData(MemorySet("1,2"), type); }),
+        IsError(41001, "SetData", "Sets of type " + std::to_string(type) + " have no table."));
+  }
+  EXPECT_EQ(set_.Everything(), before);
+  EXPECT_THAT(events->lines, IsEmpty());
+}
+
+TEST_F(DataSetLiteSetData, RefusesMoreColumnsThanATableTakesBeforeAnythingIsDone) {
+  Parse("7,8\n");
+  const Lines before = set_.Everything();
+  std::string wide = "1";
+  for (int i = 1; i < 2100; ++i) wide += ",1";
+  EXPECT_THAT(Raised([&] { SetData(MemorySet(wide)); }),
+              IsError(41011, "SetData",
+                      "too many columns on TrainingSet: 2100 data columns, but the database takes "
+                      "1999 at most."));
+  EXPECT_EQ(set_.Everything(), before);
+}
+
 TEST_F(DataSetLiteSetData, PutsTheExtraSetIntoTheExtraTable) {
   const MemorySet source("1,2\n3,4");
   AddExtraSet(source, {10, 20.5, 30});
