@@ -90,6 +90,13 @@ TEST(DataRecordStatistics, TakesAMissingResponseForNoClass) {
   EXPECT_THAT(run.ColumnRows(), ElementsAre("1|0|0.5|0.5|0|1|0.7071067811865476"));
 }
 
+TEST(DataRecordStatistics, TakesATextInTheResponseForNoClass) {
+  StatisticsRun run;
+  run.MakeTable("TrainingSet", 1, {"2", "'red'", "1", "2"});
+  ASSERT_TRUE(Calculate(run));
+  EXPECT_THAT(run.ClassRows(), ElementsAre("1|0|1|1|1|1|1|1", "1|0|2|2|2|2|2|2"));
+}
+
 TEST(DataRecordStatistics, StoresAMissingFigureAsMinus9999) {
   StatisticsRun run;
   run.MakeTable("TrainingSet", 2, {"NULL, 5"});
