@@ -142,7 +142,7 @@ ExitCode RunCategories(const CategoriesOptions& options, Output& output) {
   CategoryReport report;
   {
     std::optional<Transaction> transaction;
-    if (changes) transaction.emplace(session.Connection());
+    if (changes) transaction.emplace(session);
     const Scene scene = SetScene(session, options);
     if (changes) Change(scene, options);
     report = MakeReport(scene, options);
@@ -150,6 +150,7 @@ ExitCode RunCategories(const CategoriesOptions& options, Output& output) {
       Note(scene, options);
       StopIfInterrupted();
       transaction->Commit();
+      output.NoteDone("the run is changed");
     }
   }
   output.Write(options.json ? CategoryJson(report) : CategoryText(report));

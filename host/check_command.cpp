@@ -7,7 +7,11 @@
 #include "host/common_options.h"
 #include "host/delimited_text.h"
 #include "host/file_check.h"
+#include "host/load_trial.h"
 #include "host/problem_list.h"
+#include "host/terminal.h"
+#include "host/text_source.h"
+#include "host/text_warnings.h"
 #include "host/user_locale.h"
 
 namespace tslm5::host {
@@ -21,41 +25,64 @@ constexpr const char* kCheckExamples =
     "\n"
     "Exit codes: 0 the file is valid, 1 it has problems, 2 wrong usage, 3 file trouble.\n";
 
-/// The text of the file. One that is empty or no text is for the check to refuse, in its words.
-std::string ReadTextForCheck(const std::string& file) {
-  try {
-    return ReadTextFile(file);
-  } catch (const Failure& failure) {
-    if (failure.Code() == ExitCode::kTrouble) throw;
-    return {};
-  }
+/// What the check and the loader make of a file.
+struct Findings {
+  CheckAnswer answer;
+  ProblemList problems;
+};
+
+/// A file that is refused as a whole, in words that name the place.
+Findings Refused(const std::string& words) {
+  Findings findings;
+  findings.answer.message = words;
+  findings.problems.count = 1;
+  findings.problems.first.push_back({{}, {}, {}, {}, "", words});
+  return findings;
+}
+
+Findings Check(const CheckOptions& options, const CheckRequest& request, const DelimitedText& text,
+               bool comma_is_decimal) {
+  Findings findings;
+  findings.answer = CheckFile(request);
+  findings.problems =
+      options.all
+          ? FindProblems(text, request, findings.answer, options.most_problems, comma_is_decimal)
+          : FindAnsweredProblem(text, request, findings.answer, comma_is_decimal);
+  return findings;
 }
 
 }  // namespace
 
 ExitCode RunCheck(const CheckOptions& options, Output& output) {
   const bool comma_is_decimal = UserHasDecimalComma();
-  DelimitedText text;
-  text.text = ReadTextForCheck(options.file);
+  const TextSource source(options.file);
   const SeparatorChoice choice = options.separator != nullptr
                                      ? SeparatorChoice{options.separator, "as asked for"}
-                                     : GuessSeparator(text.text, comma_is_decimal);
+                                     : GuessSeparator(source.Text(), comma_is_decimal);
+  DelimitedText text;
+  text.text = source.Text();
   text.separator = choice.separator;
   text.has_label_line = options.has_labels;
+  text.path = source.Path();
 
   CheckRequest request;
-  request.file = options.file;
+  request.path = source.Path();
+  request.text = source.Text();
   request.separator = choice.separator;
   request.has_labels = options.has_labels;
   request.problem_category = options.problem_category;
   request.lines = std::count(text.text.begin(), text.text.end(), '\n');
-  const CheckAnswer answer = CheckFile(request);
-  const ProblemList problems =
-      options.all ? FindProblems(text, request, answer, options.most_problems, comma_is_decimal)
-                  : FindAnsweredProblem(text, request, answer, comma_is_decimal);
-  const CheckReport report{request, choice, answer, problems, options.all};
+
+  Findings findings = source.NulLine() ? Refused(source.WordsOfNul())
+                                       : Check(options, request, text, comma_is_decimal);
+  if (findings.answer.is_valid) {
+    if (const auto words = LoadRefusal(text, choice, comma_is_decimal)) findings = Refused(*words);
+  }
+  for (const std::string& warning : TextWarnings(source)) Warn(warning);
+  const CheckReport report{options.file,    request,           choice,
+                           findings.answer, findings.problems, options.all};
   output.Write(options.json ? CheckJson(report) : CheckText(report));
-  return answer.is_valid ? ExitCode::kDone : ExitCode::kRefused;
+  return findings.answer.is_valid ? ExitCode::kDone : ExitCode::kRefused;
 }
 
 void AddCheckCommand(CommandSpec& app, Invocation& invocation) {

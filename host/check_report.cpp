@@ -37,7 +37,7 @@ bool TellsOfValues(const CheckReport& report) {
 }
 
 std::string Verdict(const CheckReport& report) {
-  const std::string file = Escaped(report.request.file);
+  const std::string file = Escaped(report.file);
   if (report.answer.is_valid) {
     return fmt::format("{} is valid: {} records of {} columns\n", file, report.problems.records,
                        report.problems.columns);
@@ -95,11 +95,14 @@ std::string CheckText(const CheckReport& report) {
 }
 
 std::string CheckJson(const CheckReport& report) {
-  nlohmann::ordered_json object = {
-      {"file", report.request.file},      {"separator", report.separator.separator->name},
-      {"valid", report.answer.is_valid},  {"message", report.answer.message},
-      {"row", OrNull(report.answer.row)}, {"column", OrNull(report.answer.column)},
-      {"rows", report.answer.rows},       {"changedCells", report.problems.changed.count}};
+  nlohmann::ordered_json object = {{"file", report.file},
+                                   {"separator", report.separator.separator->name},
+                                   {"valid", report.answer.is_valid},
+                                   {"message", report.answer.message},
+                                   {"row", OrNull(report.answer.row)},
+                                   {"column", OrNull(report.answer.column)},
+                                   {"rows", report.answer.rows},
+                                   {"changedCells", report.problems.changed.count}};
   if (report.all) {
     object["problemCount"] = report.problems.count;
     object["problems"] = nlohmann::ordered_json::array();

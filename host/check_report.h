@@ -11,6 +11,7 @@ namespace tslm5::host {
 
 /// All that a check has to tell.
 struct CheckReport {
+  const std::string& file;
   const CheckRequest& request;
   const SeparatorChoice& separator;
   const CheckAnswer& answer;

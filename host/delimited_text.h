@@ -8,18 +8,15 @@
 
 namespace tslm5::host {
 
-/// A delimited text as the loader sees it once its lines are records: one record a line.
+/// A delimited text as the loader sees it once its lines are records: one record a line. A view of
+/// a text that must outlive it.
 struct DelimitedText {
-  std::string text;  ///< UTF-8, line break "\n"
+  std::string_view text;  ///< UTF-8, line break "\n"
   const Separator* separator = nullptr;
   bool has_label_line = false;  ///< the first line holds the labels
   bool is_transposed = false;   ///< the lines were columns in the file
+  std::string path;             ///< where the component reads the same, columns still being lines
 };
-
-/// Reads a text file whole: UTF-8, each "\r\n" as one "\n". Raises `Failure`, file trouble, when
-/// there is no such file, when it is no regular file or cannot be read; refused when it is empty or
-/// holds a NUL byte.
-std::string ReadTextFile(const std::string& path);
 
 /// The text with field k of every line in its line k. Raises `Failure`, refused, when a line has
 /// more fields than the first.

@@ -81,6 +81,7 @@ std::string EmbedJson(const EmbedOptions& options, const EmbeddedRun& embedded) 
 void RunEmbed(const EmbedOptions& options, Output& output) {
   const EmbeddedRun embedded = EmbedRun(options);
   for (const std::string& warning : embedded.warnings) Warn(warning);
+  output.NoteDone("the series is embedded");
   output.Write(options.json ? EmbedJson(options, embedded) : EmbedText(options, embedded));
 }
 

@@ -186,7 +186,7 @@ std::int64_t UnusedValues(const EmbedOptions& options) {
 
 EmbeddedRun EmbedRun(const EmbedOptions& options) {
   const RunSession session(options.run, RunOptions::Mode::kReadWrite);
-  Transaction transaction(session.Connection());
+  Transaction transaction(session);
   EmbeddedRun embedded = EmbedInSession(session, options);
   StopIfInterrupted();
   transaction.Commit();

@@ -1,5 +1,8 @@
 #include "host/file_check.h"
 
+#include <new>
+
+#include "host/failure.h"
 #include "host/interruption.h"
 #include "host/progress.h"
 #include "tslm5/component/create_object.h"
@@ -10,6 +13,8 @@ namespace tslm5::host {
 namespace {
 
 constexpr std::string_view kSetMark = "<DATASET>";
+constexpr std::string_view kNotFound = "File not found.";
+constexpr std::string_view kInvalid = "Invalid file.";
 constexpr std::int64_t kRowsPerFeedback = 10;
 
 std::string WithSetName(std::string text, const std::string& name) {
@@ -18,6 +23,26 @@ std::string WithSetName(std::string text, const std::string& name) {
     at += name.size();
   }
   return text;
+}
+
+/// Whether the text has too few lines to be looked at, or begins with an empty one.
+bool HasNoBeginning(std::string_view text, bool has_labels) {
+  const std::size_t end = text.find('\n');
+  const std::string_view first = text.substr(0, end);
+  if (first.empty() || first == "\r") return true;
+  return has_labels && (end == std::string_view::npos || end + 1 == text.size());
+}
+
+/// The check has no answer but "not valid": what kept it from looking at the text must not pass for
+/// what it found there.
+void RequireLook(const CheckAnswer& answer, const CheckRequest& request) {
+  const bool is_unread =
+      answer.message == kNotFound ||
+      (answer.message == kInvalid && !HasNoBeginning(request.text, request.has_labels));
+  if (!is_unread && answer.message != std::bad_alloc().what()) return;
+  throw Failure(ExitCode::kTrouble,
+                "the text cannot be checked: the component could not read it, or there is not "
+                "enough memory");
 }
 
 }  // namespace
@@ -47,12 +72,13 @@ CheckAnswer CheckFile(const CheckRequest& request) {
 
   std::int32_t separator = request.separator->code;
   std::string message;
-  answer.is_valid = data_set->IsValidDataSet(request.file, request.has_labels, separator, message);
+  answer.is_valid = data_set->IsValidDataSet(request.path, request.has_labels, separator, message);
   source->Unadvise(cookie);
   StopIfInterrupted();  // a cancelled check may well have said "valid"
   if (answer.is_valid) return answer;
 
   answer.message = WithSetName(message, data_set->Name());
+  RequireLook(answer, request);
   std::int32_t column = 0;
   std::int32_t row = 0;
   data_set->InvalidPosition(column, row);

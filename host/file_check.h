@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "host/separators.h"
 
@@ -11,7 +12,8 @@ namespace tslm5::host {
 
 /// What is to be checked, and how.
 struct CheckRequest {
-  std::string file;
+  std::string path;       ///< where the component reads the text
+  std::string_view text;  ///< the same
   const Separator* separator = nullptr;
   bool has_labels = true;
   std::int32_t problem_category = 0;  ///< `problem_category`
@@ -27,7 +29,8 @@ struct CheckAnswer {
   std::optional<std::int32_t> column;  ///< is one
 };
 
-/// Runs the component's data check, with a progress bar. Raises `Failure` when Ctrl-C was pressed.
+/// Runs the component's data check, with a progress bar. Raises `Failure` when Ctrl-C was pressed,
+/// and file trouble when the component could not read the text or had too little memory for it.
 CheckAnswer CheckFile(const CheckRequest& request);
 
 }  // namespace tslm5::host

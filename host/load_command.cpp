@@ -18,15 +18,17 @@
 #include "host/prepared_load.h"
 #include "host/problem_list.h"
 #include "host/record_reader.h"
+#include "host/run_status.h"
 #include "host/shown_text.h"
 #include "host/store_set.h"
 #include "host/terminal.h"
+#include "host/text_warnings.h"
 #include "host/user_locale.h"
 
 namespace tslm5::host {
 namespace {
 
-constexpr int kRecordsLookedAt = 100;
+constexpr int kMostStarts = 5;
 
 constexpr const char* kNoLabels =
     "the first line was dropped, but not taken for labels: one of them is a number, or two are the "
@@ -47,7 +49,8 @@ void RequireValid(const LoadOptions& options, const DelimitedText& text, bool co
                   bool takes_words) {
   if (!options.checks || text.is_transposed) return;
   CheckRequest request;
-  request.file = options.file;
+  request.path = text.path;
+  request.text = text.text;
   request.separator = text.separator;
   request.has_labels = options.has_labels;
   request.lines = std::count(text.text.begin(), text.text.end(), '\n');
@@ -77,6 +80,12 @@ void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
   }
 }
 
+void AddTextWarnings(const FieldFile& file, StoredSet& stored) {
+  for (std::string& warning : TextWarnings(*file.source)) {
+    stored.warnings.push_back(std::move(warning));
+  }
+}
+
 /// Quotes mean nothing to the component: a field that stands in them is a word, a number too.
 void WarnOfQuotes(const CellSurvey& survey, StoredSet& stored) {
   if (!survey.quoted.first) return;
@@ -96,35 +105,8 @@ bool AsksForMore(const LoadOptions& options) {
          !options.missing_tokens.empty();
 }
 
-/// Whether the first records show that the text does not hold numbers alone.
-bool ShowsWords(const DelimitedText& text, bool comma_is_decimal) {
-  const CellRule rule(comma_is_decimal, {});
-  RecordReader reader(text);
-  std::vector<std::string_view> cells;
-  for (int looked_at = 0; looked_at < kRecordsLookedAt && reader.Next(); ++looked_at) {
-    SplitAtBlanks(reader.Clean(), cells);
-    const bool is_plain = std::all_of(cells.begin(), cells.end(), [&rule](std::string_view cell) {
-      return rule.Classify(cell) == CellClass::kNumber;
-    });
-    if (!is_plain) return true;
-  }
-  return false;
-}
-
-/// The survey of a file of numbers alone, which the dataset loads by itself; nothing for any other.
-std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is_decimal) {
-  if (ShowsWords(text, comma_is_decimal)) return std::nullopt;
-  try {
-    CellSurvey survey = SurveyCells(text, comma_is_decimal);
-    if (survey.text.count == 0 && survey.missing.count == 0) return survey;
-  } catch (const Failure& failure) {
-    if (failure.Code() == ExitCode::kInterrupted) throw;
-  }
-  return std::nullopt;
-}
-
 /// The response of a testing set is where the run has it, unless the user says where.
-std::string ResponseName(const LoadOptions& options, const RunGlimpse& run,
+std::string ResponseName(const LoadOptions& options, const RunStatus& run,
                          const FieldTable& table) {
   if (!options.response.empty() || options.set->type == data_set_type::kTraining) {
     return options.response;
@@ -134,8 +116,7 @@ std::string ResponseName(const LoadOptions& options, const RunGlimpse& run,
 }
 
 /// Whether a testing set has its response elsewhere than in its last column.
-bool MustMoveResponse(const LoadOptions& options, const RunGlimpse& run,
-                      const DelimitedText& text) {
+bool MustMoveResponse(const LoadOptions& options, const RunStatus& run, const DelimitedText& text) {
   const bool is_testing = options.set->type == data_set_type::kTesting;
   if (!is_testing || run.response.empty() || !text.has_label_line) return false;
   std::string_view line;
@@ -151,9 +132,11 @@ void Report(const LoadReport& report, bool json, Output& output) {
   output.Write(json ? LoadJson(report) : LoadText(report));
 }
 
-void LoadNumbers(const LoadOptions& options, const FieldFile& file, const CellSurvey& survey,
-                 Output& output) {
-  StoredSet stored = StoreSet(options, file.text, survey);
+void LoadNumbers(const LoadOptions& options, const RunStatus& run, const FieldFile& file,
+                 const CellSurvey& survey, Output& output) {
+  StoredSet stored = StoreSet(options, run, file.text, survey);
+  output.NoteDone("the load is stored");
+  AddTextWarnings(file, stored);
   AddWarnings(options, file.separator, survey, stored);
   Report({options, file.separator, survey, stored, nullptr, nullptr}, options.json, output);
 }
@@ -171,40 +154,40 @@ void RequireSeries(const LoadOptions& options, const FieldTable& table) {
 }
 
 /// REQUIRES: the file's table is read.
-void LoadPrepared(const LoadOptions& options, const RunGlimpse& run, FieldFile& file,
+void LoadPrepared(const LoadOptions& options, const RunStatus& run, FieldFile& file,
                   bool comma_is_decimal, Output& output) {
-  RequireStructure(options, options.file, file, comma_is_decimal);
+  RequireStructure(options, file, comma_is_decimal);
   RequireSeries(options, file.table);
   PlaceResponse(file.table, ResponseName(options, run, file.table));
   std::optional<FieldFile> testing;
   if (!options.testing.empty()) {
     testing = ReadTextOf(options, options.testing, comma_is_decimal);
     testing->table = ReadFields(testing->text, comma_is_decimal);
-    RequireStructure(options, options.testing, *testing, comma_is_decimal);
+    RequireStructure(options, *testing, comma_is_decimal);
     PlaceResponse(testing->table, options.response);
   }
-  PreparedLoad load = StorePrepared(options, file, testing ? &*testing : nullptr, comma_is_decimal);
+  PreparedLoad load =
+      StorePrepared(options, run, file, testing ? &*testing : nullptr, comma_is_decimal);
+  output.NoteDone("the load is stored");
   const CellSurvey survey =
       SurveyFields(file.table, CellRule(comma_is_decimal, load.preparation.missing_tokens));
   if (options.has_labels && file.table.labels.empty()) {
     load.stored.warnings.emplace_back(kNoLabels);
   }
   WarnOfQuotes(survey, load.stored);
+  AddTextWarnings(file, load.stored);
+  if (testing) AddTextWarnings(*testing, load.stored);
   Report({options, file.separator, survey, load.stored, &load, &file.table}, options.json, output);
 }
 
-}  // namespace
-
-void RunLoad(const LoadOptions& options, Output& output) {
-  const bool comma_is_decimal = UserHasDecimalComma();
-  FieldFile file = ReadTextOf(options, options.file, comma_is_decimal);
-  const std::optional<CellSurvey> numbers = SurveyNumbers(file.text, comma_is_decimal);
-  const RunGlimpse run = GlimpseRun(options.run);
+/// Loads the file in the way that the status of the run asks for.
+void LoadInto(const LoadOptions& options, const RunStatus& run, FieldFile& file,
+              const std::optional<CellSurvey>& numbers, bool comma_is_decimal, Output& output) {
   const bool is_testing = options.set->type == data_set_type::kTesting;
   const bool goes_on = run.is_prepared && (is_testing ? run.has_training : run.has_testing);
   if (numbers && !goes_on && !AsksForMore(options) && !MustMoveResponse(options, run, file.text)) {
     RequireValid(options, file.text, comma_is_decimal, false);
-    return LoadNumbers(options, file, *numbers, output);
+    return LoadNumbers(options, run, file, *numbers, output);
   }
   try {
     file.table = ReadFields(file.text, comma_is_decimal);
@@ -215,6 +198,24 @@ void RunLoad(const LoadOptions& options, Output& output) {
     throw;
   }
   LoadPrepared(options, run, file, comma_is_decimal, output);
+}
+
+}  // namespace
+
+void RunLoad(const LoadOptions& options, Output& output) {
+  const bool comma_is_decimal = UserHasDecimalComma();
+  FieldFile file = ReadTextOf(options, options.file, comma_is_decimal);
+  const std::optional<CellSurvey> numbers = SurveyNumbers(file.text, comma_is_decimal);
+  for (int i = 0; i < kMostStarts; ++i) {
+    try {
+      return LoadInto(options, ReadRunStatus(options.run), file, numbers, comma_is_decimal, output);
+    } catch (const OutdatedStatus&) {  // another program was faster: the way may be another one now
+    }
+  }
+  throw Failure(ExitCode::kTrouble,
+                fmt::format("{} is changed by other programs again and again; load when they are "
+                            "done",
+                            Escaped(options.run)));
 }
 
 }  // namespace tslm5::host

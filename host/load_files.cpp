@@ -1,7 +1,6 @@
 #include "host/load_files.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
 
@@ -10,12 +9,12 @@
 #include "host/failure.h"
 #include "host/file_check.h"
 #include "host/label_list.h"
-#include "host/run_session.h"
 #include "host/shown_text.h"
 
 namespace tslm5::host {
 namespace {
 
+constexpr int kRecordsLookedAt = 100;
 constexpr std::string_view kEmptyRows = "The data contains empty rows.";
 constexpr std::string_view kAdvice =
     " (tslm5 check --all tells every problem; --no-check loads without the check)";
@@ -33,15 +32,26 @@ bool IsAboutCells(const CheckAnswer& answer) {
          Holds(answer.message, "non-numeric values in the first data row");
 }
 
+/// Whether the first records show that the text does not hold numbers alone.
+bool ShowsWords(const DelimitedText& text, bool comma_is_decimal) {
+  const CellRule rule(comma_is_decimal, {});
+  RecordReader reader(text);
+  std::vector<std::string_view> cells;
+  for (int looked_at = 0; looked_at < kRecordsLookedAt && reader.Next(); ++looked_at) {
+    SplitAtBlanks(reader.Clean(), cells);
+    const bool is_plain = std::all_of(cells.begin(), cells.end(), [&rule](std::string_view cell) {
+      return rule.Classify(cell) == CellClass::kNumber;
+    });
+    if (!is_plain) return true;
+  }
+  return false;
+}
+
 SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view text,
                                 bool comma_is_decimal) {
   if (options.separator != nullptr) return {options.separator, "as asked for"};
   SeparatorChoice choice = GuessSeparator(text, comma_is_decimal);
-  if (choice.is_comma_passed_over) {
-    throw Failure(ExitCode::kRefused,
-                  "every line holds commas, but in your locale they are decimal separators; say "
-                  "--separator comma, or --separator none for one column");
-  }
+  RequireGuess(choice);
   const bool is_none = choice.separator->code == separator_code::kNone;
   if (is_none && options.layout == layout_code::kRecordsInColumns) {
     throw Failure(ExitCode::kRefused,
@@ -53,38 +63,47 @@ SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view tex
 
 }  // namespace
 
-RunGlimpse GlimpseRun(const std::string& run) {
-  RunGlimpse glimpse;
-  if (::access(run.c_str(), F_OK) != 0) return glimpse;
-  const RunSession session(run, RunOptions::Mode::kReadOnly);
-  glimpse.is_prepared = IsPrepared(session);
-  glimpse.has_training = session.Connection().TableExists("TrainingSet");
-  glimpse.has_testing = session.Connection().TableExists("TestingSet");
-  if (!session.Connection().TableExists("DataSetColumn")) return glimpse;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-      "SELECT OriginalLabel FROM DataSetColumn WHERE IsResponse = 1");
-  if (reader->Read()) glimpse.response = reader->GetString(0);
-  reader->Close();
-  return glimpse;
+void RequireGuess(const SeparatorChoice& choice) {
+  if (!choice.is_comma_passed_over) return;
+  throw Failure(ExitCode::kRefused,
+                "every line holds commas, but in your locale they are decimal separators; say "
+                "--separator comma, or --separator none for one column");
 }
 
 FieldFile ReadTextOf(const LoadOptions& options, const std::string& file, bool comma_is_decimal) {
   FieldFile read;
+  read.source = std::make_shared<TextSource>(file);
+  read.source->RequireText();
   DelimitedText& text = read.text;
-  text.text = ReadTextFile(file);
+  text.text = read.source->Text();
+  text.path = read.source->Path();
   read.separator = ChooseSeparator(options, text.text, comma_is_decimal);
   text.separator = read.separator.separator;
   text.has_label_line = options.has_labels;
   text.is_transposed = options.layout == layout_code::kRecordsInColumns;
-  if (text.is_transposed) text.text = Transposed(text.text, *text.separator);
+  if (text.is_transposed) {
+    read.transposed = std::make_shared<std::string>(Transposed(text.text, *text.separator));
+    text.text = *read.transposed;
+  }
   return read;
 }
 
-void RequireStructure(const LoadOptions& options, const std::string& file, const FieldFile& fields,
-                      bool comma_is_decimal) {
+std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is_decimal) {
+  if (ShowsWords(text, comma_is_decimal)) return std::nullopt;
+  try {
+    CellSurvey survey = SurveyCells(text, comma_is_decimal);
+    if (survey.text.count == 0 && survey.missing.count == 0) return survey;
+  } catch (const Failure& failure) {
+    if (failure.Code() == ExitCode::kInterrupted) throw;
+  }
+  return std::nullopt;
+}
+
+void RequireStructure(const LoadOptions& options, const FieldFile& fields, bool comma_is_decimal) {
   if (!options.checks || fields.text.is_transposed) return;
   CheckRequest request;
-  request.file = file;
+  request.path = fields.text.path;
+  request.text = fields.text.text;
   request.separator = fields.text.separator;
   request.has_labels = options.has_labels;
   request.lines = fields.table.lines;

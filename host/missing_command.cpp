@@ -134,7 +134,7 @@ void RunMissing(const MissingOptions& options, Output& output) {
   bool waits = false;  // for --apply
   {
     std::optional<Transaction> transaction;
-    if (changes) transaction.emplace(session.Connection());
+    if (changes) transaction.emplace(session);
     const Ref<IDataSet> data_set = RequireTrainingSet(session, options.run);
     const std::vector<std::string> labels = LabelsOf(*data_set);
     std::optional<std::int32_t> column;
@@ -155,6 +155,7 @@ void RunMissing(const MissingOptions& options, Output& output) {
       Note(session, options, column, labels, report);
       StopIfInterrupted();
       transaction->Commit();
+      output.NoteDone("the run is changed");
     }
   }
   output.Write(options.json ? GapJson(report) : GapText(report));

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tslm5::host {
 
@@ -19,9 +20,14 @@ class Output {
   /// Writes what is still held back. To be called before the program says that it is done.
   void Flush();
 
+  /// What the command has done already, "the load is stored": to be told whatever fails afterwards.
+  void NoteDone(std::string words) { done_ = std::move(words); }
+  const std::string& Done() const { return done_; }
+
  private:
   int descriptor_;
   std::string held_;
+  std::string done_;
 };
 
 }  // namespace tslm5::host

@@ -7,10 +7,10 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 
+#include "host/beside_file.h"
 #include "host/failure.h"
 #include "host/interruption.h"
 #include "host/shown_text.h"
@@ -26,59 +26,17 @@ constexpr mode_t kMode = 0666;  // less what the user's mask takes away
                                                 std::generic_category().message(error)));
 }
 
-/// Where a chain of symbolic links ends, whether or not a file is there.
-std::string EndOfLinks(std::filesystem::path path) {
-  constexpr int kMostLinks = 40;
-  std::error_code error;
-  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
-    path = path.parent_path() / std::filesystem::read_symlink(path, error);
-  }
-  return path.string();
-}
-
-/// A file that goes away again unless it is put in its place.
-class BesideFile {
- public:
-  explicit BesideFile(const std::string& path)
-      : path_(path), beside_(fmt::format("{}.{}.part", path, ::getpid())) {
-    ::unlink(beside_.c_str());  // of a program that ended in the midst of it
-    descriptor_ = ::open(beside_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
-    if (descriptor_ < 0) Fail(path_, errno);
-  }
-  BesideFile(const BesideFile&) = delete;
-  BesideFile& operator=(const BesideFile&) = delete;
-  ~BesideFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-    if (!is_placed_) ::unlink(beside_.c_str());
-  }
-
-  void Write(std::string_view text) const {
-    while (!text.empty()) {
-      const ssize_t written = ::write(descriptor_, text.data(), text.size());
-      if (written >= 0) {
-        text.remove_prefix(static_cast<std::size_t>(written));
-      } else if (errno != EINTR) {
-        Fail(path_, errno);
-      }
-      StopIfInterrupted();
+void Write(int descriptor, const std::string& path, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(descriptor, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      Fail(path, errno);
     }
+    StopIfInterrupted();
   }
-
-  void PutInPlace() {
-    if (::fsync(descriptor_) != 0) Fail(path_, errno);
-    const int closed = ::close(descriptor_);
-    descriptor_ = -1;
-    if (closed != 0) Fail(path_, errno);
-    if (std::rename(beside_.c_str(), path_.c_str()) != 0) Fail(path_, errno);
-    is_placed_ = true;
-  }
-
- private:
-  std::string path_;
-  std::string beside_;
-  int descriptor_ = -1;
-  bool is_placed_ = false;
-};
+}
 
 }  // namespace
 
@@ -102,9 +60,14 @@ bool MayReplace(const std::string& path, std::string_view mark) {
 }
 
 void WriteWhole(const std::string& path, std::string_view text) {
-  BesideFile file(EndOfLinks(path));
-  file.Write(text);
-  file.PutInPlace();
+  try {
+    BesideFile file(EndOfLinks(path), kMode);
+    Write(file.Descriptor(), path, text);
+    if (::fsync(file.Descriptor()) != 0) Fail(path, errno);
+    file.Replace();
+  } catch (const std::system_error& error) {
+    Fail(path, error.code().value());
+  }
 }
 
 void RequireFreePlace(const std::string& path, const std::string& run, std::string_view mark,

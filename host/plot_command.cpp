@@ -79,6 +79,7 @@ void RunPlot(const PlotOptions& options, Output& output) {
   }
   if (options.picture.empty()) return output.Write(title + '\n' + chart);
   WriteWhole(options.picture, SeriesPicture(title, values));
+  output.NoteDone("the picture is written");
   output.Write(fmt::format("{}, is drawn in {}\n", title, Escaped(options.picture)));
 }
 

@@ -9,6 +9,7 @@
 #include "host/failure.h"
 #include "host/interruption.h"
 #include "host/load_note.h"
+#include "host/load_target.h"
 #include "host/load_watcher.h"
 #include "host/prepare_records.h"
 #include "host/prepared_set.h"
@@ -258,21 +259,20 @@ class Store {
 
 }  // namespace
 
-PreparedLoad StorePrepared(const LoadOptions& options, const FieldFile& main,
-                           const FieldFile* testing, bool comma_is_decimal) {
-  NewRunFile new_run(options.run);
-  PreparedLoad load;
-  {
-    const RunSession session(options.run, RunOptions::Mode::kReadWriteCreate);
-    Transaction transaction(session.Connection());
-    session.CreateSchema();
-    const bool is_training = options.set->type == data_set_type::kTraining;
-    load = is_training ? Store(session, options, comma_is_decimal).Training(main, testing)
-                       : Store(session, options, comma_is_decimal).Testing(main);
-    StopIfInterrupted();
-    transaction.Commit();
-  }
-  new_run.Keep();
+PreparedLoad StorePrepared(const LoadOptions& options, const RunStatus& status,
+                           const FieldFile& main, const FieldFile* testing, bool comma_is_decimal) {
+  LoadTarget target(options.run);
+  const RunSession& session = target.Session();
+  Transaction transaction(session);
+  RequireStatus(session, status);
+  session.CreateSchema();
+  const bool is_training = options.set->type == data_set_type::kTraining;
+  PreparedLoad load = is_training
+                          ? Store(session, options, comma_is_decimal).Training(main, testing)
+                          : Store(session, options, comma_is_decimal).Testing(main);
+  StopIfInterrupted();
+  transaction.Commit();
+  target.Finish();
   return load;
 }
 

@@ -34,6 +34,7 @@ void RunReport(const ReportOptions& options, Output& output) {
   const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   const std::string time = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(now));
   WriteWhole(options.page, ReportPage(data, time));
+  output.NoteDone("the report is written");
   output.Write(
       fmt::format("{} is the report of {}\n", Escaped(options.page), Escaped(options.run)));
 }

@@ -145,10 +145,11 @@ void AddStep(CommandSpec& app, Invocation& invocation, Step step, const char* pu
 
 void RunReset(const ResetOptions& options, Output& output) {
   const RunSession session(options.run, RunOptions::Mode::kReadWrite);
-  Transaction transaction(session.Connection());
+  Transaction transaction(session);
   const ResetRun done = ResetInSession(session, options);
   StopIfInterrupted();
   transaction.Commit();
+  output.NoteDone("the run is changed");
   output.Write(options.json ? ResetJson(options, done) : ResetText(options, done));
 }
 

@@ -1,18 +1,20 @@
 #include "host/run_session.h"
 
+#include <fmt/chrono.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <cerrno>
-#include <utility>
+#include <ctime>
 
 #include "host/failure.h"
+#include "host/open_files.h"
+#include "host/set_names.h"
 #include "host/shown_text.h"
+#include "host/terminal.h"
 #include "tslm5/component/create_object.h"
 #include "tslm5/contracts/lifecycle.h"
 #include "tslm5/contracts/run_schema.h"
 #include "tslm5/contracts/time_series.h"
+#include "tslm5/engine/run_recovery.h"
 
 namespace tslm5::host {
 namespace {
@@ -31,16 +33,28 @@ RunOptions Options(RunOptions::Mode mode) {
 }  // namespace
 
 RunSession::RunSession(const std::string& path, RunOptions::Mode mode)
-    : run_(OpenRun(path, Options(mode))),
+    : path_(path),
+      run_(OpenRun(path, Options(mode))),
       connection_(Query<IConnection>(run_->GetConnection().ToObject())) {
-  RefuseForeignDatabase(path);
+  TellOfRecovery();
+  RefuseForeignDatabase();
 }
 
-void RunSession::RefuseForeignDatabase(const std::string& path) const {
+void RunSession::TellOfRecovery() const {
+  const auto recovery = run_.As<IRunRecovery>();
+  if (!recovery || !recovery->WasRecovered()) return;
+  const auto time = static_cast<std::time_t>(recovery->InterruptedAt());
+  Warn(
+      fmt::format("{} held a change that was interrupted at {:%Y-%m-%dT%H:%M:%SZ}; it is undone, "
+                  "and the run is as it was before that change",
+                  Escaped(path_), fmt::gmtime(time)));
+}
+
+void RunSession::RefuseForeignDatabase() const {
   if (SchemaVersion() > 0 || connection_->TableExists("DataSetColumn")) return;
   if (ReadInteger("SELECT COUNT(*) FROM sqlite_master") == 0) return;
   throw Failure(ExitCode::kTrouble,
-                fmt::format("{} is a database, but not that of a run", Escaped(path)));
+                fmt::format("{} is a database, but not that of a run", Escaped(path_)));
 }
 
 std::int32_t RunSession::SchemaVersion() const {
@@ -51,9 +65,25 @@ void RunSession::CreateSchema() const {
   Schema()->CreateSchema(run_.get());
 }
 
+void RunSession::RequireAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const {
+  const std::int32_t columns = ColumnsOf(set.table);
+  const bool has_read =
+      is_loaded ? data_set.Columns() == columns && (data_set.Rows() > 0 || !HasRecords(set))
+                : columns == 0;
+  if (has_read) return;
+  throw Failure(ExitCode::kTrouble,
+                fmt::format("the {} set of {} cannot be read", set.name, Escaped(path_)));
+}
+
+bool RunSession::HasRecords(const SetName& set) const {
+  return ReadInteger(fmt::format("SELECT EXISTS (SELECT * FROM {})", set.table)) != 0;
+}
+
 Ref<IDataSet> RunSession::OpenDataSet(std::int32_t type) const {
   auto data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
-  if (!data_set.As<IPersistable>()->Load(Variant(run_), Variant(type))) return nullptr;
+  const bool is_loaded = data_set.As<IPersistable>()->Load(Variant(run_), Variant(type));
+  RequireAnswers(*data_set, *FindSet(type), is_loaded);
+  if (!is_loaded) return nullptr;
   // The column records of a run tell of its embedded records; a series beside them has its own
   // label.
   if (data_set->Columns() == 1 && connection_->TableExists("DataSetColumn") &&
@@ -93,23 +123,19 @@ bool HasStatistics(const RunSession& session) {
 Transaction::~Transaction() {
   if (!is_open_) return;
   try {
-    connection_.RollbackTrans();
-  } catch (const Error&) {  // the engine has rolled back by itself
+    session_.Connection().RollbackTrans();
+  } catch (...) {  // the engine has rolled back by itself, or does when the run is closed
   }
 }
 
 void Transaction::Commit() {
-  connection_.CommitTrans();
+  session_.Connection().CommitTrans();
   is_open_ = false;
-}
-
-NewRunFile::NewRunFile(std::string path) : path_(std::move(path)) {
-  struct stat status {};
-  must_go_ = ::stat(path_.c_str(), &status) != 0 && errno == ENOENT;
-}
-
-NewRunFile::~NewRunFile() {
-  if (must_go_) ::unlink(path_.c_str());
+  if (IsOpenFile(session_.Path())) return;
+  throw Failure(ExitCode::kTrouble,
+                fmt::format("{} was removed or replaced while this command was changing it: what "
+                            "was stored went with the former file; do it again",
+                            Escaped(session_.Path())));
 }
 
 }  // namespace tslm5::host

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/set_names.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/connection_service.h"
@@ -16,9 +17,11 @@ namespace tslm5::host {
 /// An open run. Let the datasets go before it.
 class RunSession {
  public:
-  /// Raises `Failure` for a database that is no run, and what `OpenRun` raises.
+  /// Warns when opening the run has undone a change that a crash had interrupted. Raises `Failure`
+  /// for a database that is no run, and what `OpenRun` raises.
   RunSession(const std::string& path, RunOptions::Mode mode);
 
+  const std::string& Path() const { return path_; }
   IConnection& Connection() const { return *connection_; }
   const Ref<IConnectionService>& Run() const { return run_; }
 
@@ -38,8 +41,13 @@ class RunSession {
   std::int32_t ColumnsOf(std::string_view table) const;
 
  private:
-  void RefuseForeignDatabase(const std::string& path) const;
+  void TellOfRecovery() const;
+  /// A set says 0 of what it could not read, which must not pass for an answer.
+  void RequireAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const;
+  bool HasRecords(const SetName& set) const;
+  void RefuseForeignDatabase() const;
 
+  std::string path_;
   Ref<IConnectionService> run_;
   Ref<IConnection> connection_;
 };
@@ -50,33 +58,20 @@ bool HasStatistics(const RunSession& session);
 /// A transaction that is rolled back unless it is committed.
 class Transaction {
  public:
-  explicit Transaction(IConnection& connection) : connection_(connection) {
-    connection_.BeginTrans();
+  explicit Transaction(const RunSession& session) : session_(session) {
+    session_.Connection().BeginTrans();
   }
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
   ~Transaction();
 
+  /// Raises `Failure`, file trouble, when the run's path names another file by now, or none: what
+  /// was committed is in a file that nobody can open any more.
   void Commit();
 
  private:
-  IConnection& connection_;
+  const RunSession& session_;
   bool is_open_ = true;
-};
-
-/// Takes a run's file away again when it was not there before, unless told to keep it.
-class NewRunFile {
- public:
-  explicit NewRunFile(std::string path);
-  NewRunFile(const NewRunFile&) = delete;
-  NewRunFile& operator=(const NewRunFile&) = delete;
-  ~NewRunFile();
-
-  void Keep() { must_go_ = false; }
-
- private:
-  std::string path_;
-  bool must_go_;
 };
 
 }  // namespace tslm5::host

@@ -39,13 +39,14 @@ void EnsureComputed(const StatsOptions& options) {
     if (!ReadColumnFigures(session, options.set->type).empty()) return;
   }
   const RunSession session(options.run, RunOptions::Mode::kReadWrite);
+  Transaction transaction(session);
+  if (!ReadColumnFigures(session, options.set->type).empty()) return;  // by another program
   if (!HasStatistics(session)) {
     throw Failure(ExitCode::kTrouble,
                   fmt::format("{} has no training set, which the statistics of every set need",
                               Escaped(options.run)));
   }
   Progress progress(Terminal::OfStandardError());
-  Transaction transaction(session.Connection());
   ComputeStatistics(session, *RequireSet(session, options), progress);
   transaction.Commit();
 }

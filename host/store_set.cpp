@@ -5,6 +5,7 @@
 #include "host/failure.h"
 #include "host/interruption.h"
 #include "host/load_note.h"
+#include "host/load_target.h"
 #include "host/load_watcher.h"
 #include "host/progress.h"
 #include "host/run_metadata.h"
@@ -37,7 +38,7 @@ void Parse(IDataSet& data_set, const LoadOptions& options, const DelimitedText& 
            const CellSurvey& survey, Progress& progress) {
   const LoadWatcher watcher(data_set, progress);
   try {
-    data_set.Parse(options.file, text.separator->code, text.has_label_line, options.set->type,
+    data_set.Parse(text.path, text.separator->code, text.has_label_line, options.set->type,
                    options.layout);
   } catch (const Error& error) {
     StopIfInterrupted();
@@ -110,18 +111,15 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
 
 }  // namespace
 
-StoredSet StoreSet(const LoadOptions& options, const DelimitedText& text,
+StoredSet StoreSet(const LoadOptions& options, const RunStatus& status, const DelimitedText& text,
                    const CellSurvey& survey) {
-  NewRunFile new_run(options.run);
-  StoredSet stored;
-  {
-    const RunSession session(options.run, RunOptions::Mode::kReadWriteCreate);
-    Transaction transaction(session.Connection());
-    stored = StoreInSession(session, options, text, survey);
-    StopIfInterrupted();
-    transaction.Commit();
-  }
-  new_run.Keep();
+  LoadTarget target(options.run);
+  Transaction transaction(target.Session());
+  RequireStatus(target.Session(), status);
+  StoredSet stored = StoreInSession(target.Session(), options, text, survey);
+  StopIfInterrupted();
+  transaction.Commit();
+  target.Finish();
   return stored;
 }
 

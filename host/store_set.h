@@ -9,6 +9,7 @@
 #include "host/cell_survey.h"
 #include "host/delimited_text.h"
 #include "host/load_command.h"
+#include "host/run_status.h"
 
 namespace tslm5::host {
 
@@ -24,8 +25,10 @@ struct StoredSet {
 
 /// Loads the file that `text` was read from, and `survey` found loadable, into its set of the run:
 /// the set's table, the labels, the columns, the original texts, the history. All in one
-/// transaction: whatever is raised, the run is as it was, and a new one is not there.
-StoredSet StoreSet(const LoadOptions& options, const DelimitedText& text, const CellSurvey& survey);
+/// transaction: whatever is raised, the run is as it was, and a new one is not there. Raises
+/// `OutdatedStatus` when the run is no longer as `status` says.
+StoredSet StoreSet(const LoadOptions& options, const RunStatus& status, const DelimitedText& text,
+                   const CellSurvey& survey);
 
 }  // namespace tslm5::host
 

@@ -14,7 +14,6 @@
 namespace tslm5::host {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16LittleMark = "\xFF\xFE";
 constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
 constexpr std::size_t kPieceBytes = 1 << 16;
@@ -30,18 +29,6 @@ std::size_t AsciiPrefix(std::string_view text) {
     at += sizeof word;
   }
   return at;
-}
-
-bool IsUtf8(std::string_view text) {
-  for (std::size_t at = 0; at < text.size();) {
-    at += AsciiPrefix(text.substr(at));
-    for (bool ascii = false; at < text.size() && !ascii;) {
-      const std::int32_t c = NextCodePoint(text, at);
-      if (c < 0) return false;
-      ascii = c < 0x80;
-    }
-  }
-  return true;
 }
 
 struct CloseConverter {
@@ -81,17 +68,59 @@ std::string Convert(const char* name, std::string_view bytes) {
   return text;
 }
 
+/// Walks the 16-bit units of a text without its mark.
+BrokenCharacters CountBroken(std::string_view bytes, bool is_little) {
+  BrokenCharacters broken;
+  std::int64_t line = 1;
+  const auto note = [&broken, &line] {
+    if (broken.count++ == 0) broken.first_line = line;
+  };
+  bool has_lead = false;
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    const auto low = static_cast<unsigned char>(bytes[is_little ? at : at + 1]);
+    const auto high = static_cast<unsigned char>(bytes[is_little ? at + 1 : at]);
+    const bool is_lead = (high & 0xFC) == 0xD8;
+    const bool is_trail = (high & 0xFC) == 0xDC;
+    if (has_lead != is_trail) note();
+    has_lead = is_lead;
+    if (high == 0 && low == '\n') ++line;
+  }
+  if (has_lead) note();
+  if (bytes.size() % 2 != 0) note();
+  return broken;
+}
+
 }  // namespace
 
-std::string DecodeText(std::string bytes) {
+bool IsUtf8(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size();) {
+    at += AsciiPrefix(bytes.substr(at));
+    for (bool ascii = false; at < bytes.size() && !ascii;) {
+      const std::int32_t c = NextCodePoint(bytes, at);
+      if (c < 0) return false;
+      ascii = c < 0x80;
+    }
+  }
+  return true;
+}
+
+std::size_t MarkSize(std::string_view bytes) {
+  return bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0;
+}
+
+bool HasUtf16Mark(std::string_view bytes) {
+  return bytes.starts_with(kUtf16LittleMark) || bytes.starts_with(kUtf16BigMark);
+}
+
+std::string DecodeText(std::string bytes, BrokenCharacters* broken) {
   const std::string_view view = bytes;
-  if (view.starts_with(kUtf16LittleMark)) {
-    return Convert("UTF-16LE", view.substr(kUtf16LittleMark.size()));
+  if (HasUtf16Mark(view)) {
+    const bool is_little = view.starts_with(kUtf16LittleMark);
+    const std::string_view units = view.substr(kUtf16LittleMark.size());
+    if (broken != nullptr) *broken = CountBroken(units, is_little);
+    return Convert(is_little ? "UTF-16LE" : "UTF-16BE", units);
   }
-  if (view.starts_with(kUtf16BigMark)) {
-    return Convert("UTF-16BE", view.substr(kUtf16BigMark.size()));
-  }
-  if (view.starts_with(kUtf8Mark)) bytes.erase(0, kUtf8Mark.size());
+  bytes.erase(0, MarkSize(view));
   return IsUtf8(bytes) ? std::move(bytes) : Convert("windows-1252", bytes);
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 CellSurvey Survey(const std::string& text, const char* separator = "comma",
                   bool comma_is_decimal = false) {
-  return SurveyCells({text, FindSeparator(separator), true, false}, comma_is_decimal);
+  return SurveyCells({text, FindSeparator(separator), true, false, {}}, comma_is_decimal);
 }
 
 std::string RefusalOf(const std::string& text, const char* separator = "comma") {
@@ -130,7 +130,7 @@ TEST(CellSurvey, RefusesLabelsThatDoNotFit) {
 }
 
 TEST(CellSurvey, SpeaksOfTransposedLines) {
-  const DelimitedText text{"a,b\n1,2\n3", FindSeparator("comma"), true, true};
+  const DelimitedText text{"a,b\n1,2\n3", FindSeparator("comma"), true, true, {}};
   try {
     SurveyCells(text, false);
     FAIL();

@@ -47,6 +47,39 @@ class CheckTest(HostCase):
             },
         )
 
+    def test_what_the_load_would_refuse(self):
+        uneven = "line 2 has 3 fields, but the first record, on line 1, has 2"
+        printed = self.check("1;2\n3;;4\n", "--no-labels", "--separator", "semicolon", code=1)
+        self.assertEqual(
+            printed, f"data.csv is not valid\nseparator  semicolon: as asked for\n{uneven}\n"
+        )
+        answer = self.json("1;2\n3;;4\n", "--no-labels", "--separator", "semicolon", code=1)
+        self.assertEqual((answer["valid"], answer["message"]), (False, uneven))
+
+    def test_a_nul_byte(self):
+        told = (
+            "line 1 holds a NUL byte: this is no text, or UTF-16 without the mark at its beginning "
+            "that says so"
+        )
+        for content in (b"a\0,b\n1,2\n3,4\n", b"\0" * 100):
+            for options in ((), ("--all",)):
+                printed = self.check(content, *options, code=1)
+                self.assertTrue(printed.endswith(f"\n{told}\n"), printed)
+                answer = self.json(content, *options, code=1)
+                self.assertEqual((answer["message"], answer["row"]), (told, None))
+
+    def test_lines_that_end_with_a_carriage_return(self):
+        file = self.write("data.csv", "a,b\r1,2\r3,x\r")
+        result = self.program("check", file)
+        told = "the lines end with a carriage return alone, which is taken as a line end"
+        self.assertEqual(result.stderr, f"tslm5: warning: {file}: {told}\n")
+        self.assertIn("\nline 3, record 2, column 2 (b): ", result.stdout)
+        result = self.program("load", file, "--run", self.run_path, "--json")
+        self.assertEqual(result.stderr, f"tslm5: warning: {file}: {told}\n")
+        self.assertEqual(json.loads(result.stdout)["warnings"], [f"{file}: {told}"])
+        shown = self.done("show", self.run_path, "--original", "--format", "csv")
+        self.assertEqual(shown, "a,a (original),b,b (original)\n1,1,0,2\n3,3,1,x\n")
+
     def test_the_first_problem_and_its_place(self):
         self.assertEqual(
             self.check("a,b\n1,2\n3,x\ny,4\n", code=1),

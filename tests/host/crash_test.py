@@ -5,41 +5,21 @@
 """
 
 import random
-import re
 import shutil
 import signal
-import sqlite3
 import subprocess
 import sys
 import time
 import unittest
 
-from host_case import PROGRAM, HostCase, plain_environment
+from host_case import PROGRAM, HostCase, contents, plain_environment
 
 KILLS = 50  # of each command
 MOST_ROUNDS = 8  # so many times KILLS, when too few land in the middle
 ROWS = 14_000
 PATIENCE = 60  # seconds
-TIME = re.compile(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")
-
-
-def contents(run):
-    """All that a run holds: the schema, and the records of every table. Recovers the run first."""
-    connection = sqlite3.connect(run)
-    try:
-        assert connection.execute("PRAGMA integrity_check").fetchall() == [("ok",)]
-        schema = connection.execute("SELECT name, sql FROM sqlite_master ORDER BY name").fetchall()
-        tables = {
-            name: connection.execute(f"SELECT * FROM {name} ORDER BY rowid").fetchall()
-            for name, sql in schema
-            if sql.startswith("CREATE TABLE")
-        }
-        tables["RunHistory"] = [
-            tuple(TIME.sub("", str(value)) for value in record) for record in tables["RunHistory"]
-        ]
-        return schema, tables
-    finally:
-        connection.close()
+READERS = [("info",), ("show",), ("history",), ("original",)]
+UNDONE = r"^tslm5: warning: \S+ held a change that was interrupted at \S+; it is undone, [^\n]+\n$"
 
 
 class CrashTest(HostCase):
@@ -89,6 +69,13 @@ class CrashTest(HostCase):
             process.wait(PATIENCE)
         self.assertIn(process.returncode, (0, -signal.SIGKILL))
 
+    def look(self, run, is_half):
+        """The program itself opens the run first: it must read it, and say what it has undone."""
+        result = self.program(*self.random.choice(READERS), run)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        if is_half or result.stderr:
+            self.assertRegex(result.stderr, UNDONE)
+
     def kill_often(self, command, *options, least_half_written=0):
         """Kills the command again and again; every time the run must be the old or the new one.
         Goes on until enough kills have landed in the middle, of which `least_half_written` left the
@@ -116,9 +103,10 @@ class CrashTest(HostCase):
             shutil.copyfile(before, run)
             process = self.start(command, run, *options)
             self.kill(process, run, place, whole, writing)
-            if journal.exists() and journal.stat().st_size > 0:
-                in_the_middle += 1
-                half_written += run.read_bytes() != untouched
+            is_half = journal.exists() and run.read_bytes() != untouched
+            in_the_middle += journal.exists() and journal.stat().st_size > 0
+            half_written += is_half
+            self.look(run, is_half)
             state = contents(run)
             journal.unlink(missing_ok=True)
             self.assertTrue(state in (old, new), f"{command}, kill {place}: a mixture")

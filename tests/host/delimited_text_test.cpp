@@ -3,12 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "host/failure.h"
-#include "tests/host/temporary_folder.h"
 
 namespace tslm5::host {
 namespace {
-
-using namespace std::string_literals;
 
 template <class Work>
 Failure FailureIn(Work work) {
@@ -18,40 +15,6 @@ Failure FailureIn(Work work) {
     return failure;
   }
   return Failure(ExitCode::kDone, "no failure");
-}
-
-TEST(DelimitedText, IsReadWithOneLineFeedALine) {
-  const TemporaryFolder folder;
-  EXPECT_EQ(ReadTextFile(folder.Write("a",
-                                      "\xEF\xBB\xBF"
-                                      "a\r\nb\r\r\nc\rd\n\r\n")),
-            "a\nb\r\nc\rd\n\n");
-}
-
-TEST(DelimitedText, FileTroubleIsNamed) {
-  const TemporaryFolder folder;
-  const Failure absent = FailureIn([&] { ReadTextFile(folder.Path("none")); });
-  EXPECT_EQ(absent.Code(), ExitCode::kTrouble);
-  EXPECT_EQ(absent.what(), folder.Path("none") + ": there is no such file");
-  const Failure directory = FailureIn([&] { ReadTextFile(folder.Path("")); });
-  EXPECT_EQ(directory.Code(), ExitCode::kTrouble);
-  EXPECT_EQ(directory.what(), folder.Path("") + ": this is a directory; a file was expected");
-  const Failure device = FailureIn([] { ReadTextFile("/dev/null"); });
-  EXPECT_EQ(device.Code(), ExitCode::kTrouble);
-  EXPECT_STREQ(device.what(),
-               "/dev/null: this is not a regular file; the loader reads its data more than once");
-}
-
-TEST(DelimitedText, RefusesAnEmptyFileAndNulBytes) {
-  const TemporaryFolder folder;
-  const Failure empty = FailureIn([&] { ReadTextFile(folder.Write("e", "")); });
-  EXPECT_EQ(empty.Code(), ExitCode::kRefused);
-  EXPECT_EQ(empty.what(), folder.Path("e") + ": the file is empty");
-  const Failure nul = FailureIn([&] { ReadTextFile(folder.Write("n", "a\n1\n\0"s)); });
-  EXPECT_EQ(nul.Code(), ExitCode::kRefused);
-  EXPECT_STREQ(nul.what(),
-               "line 3 holds a NUL byte: this is no text, or UTF-16 without the mark at its "
-               "beginning that says so");
 }
 
 TEST(DelimitedText, IsTransposed) {

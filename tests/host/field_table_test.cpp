@@ -8,7 +8,7 @@ namespace tslm5::host {
 namespace {
 
 DelimitedText Text(const char* text, const char* separator = "comma", bool has_labels = true) {
-  return {text, FindSeparator(separator), has_labels, false};
+  return {text, FindSeparator(separator), has_labels, false, {}};
 }
 
 std::string RefusalOf(const char* text) {

@@ -2,6 +2,7 @@
 
 import json
 import os
+import re
 import sqlite3
 import subprocess
 import tempfile
@@ -9,6 +10,7 @@ import unittest
 from pathlib import Path
 
 PROGRAM = os.environ["TSLM5_HOST"]
+TIME = re.compile(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ")
 
 
 def plain_environment(**changes):
@@ -27,6 +29,26 @@ def dump(run):
     connection = sqlite3.connect(run)
     try:
         return list(connection.iterdump())
+    finally:
+        connection.close()
+
+
+def contents(run):
+    """All that a run holds but times: the schema, and the records of every table."""
+    connection = sqlite3.connect(run)
+    try:
+        assert connection.execute("PRAGMA integrity_check").fetchall() == [("ok",)]
+        schema = connection.execute("SELECT name, sql FROM sqlite_master ORDER BY name").fetchall()
+        tables = {
+            name: connection.execute(f"SELECT * FROM {name} ORDER BY rowid").fetchall()
+            for name, sql in schema
+            if sql.startswith("CREATE TABLE")
+        }
+        tables["RunHistory"] = [
+            tuple(TIME.sub("", str(value)) for value in record)
+            for record in tables.get("RunHistory", [])
+        ]
+        return schema, tables
     finally:
         connection.close()
 

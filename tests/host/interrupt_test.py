@@ -76,9 +76,8 @@ class InterruptTest(HostCase):
     def test_a_new_run_is_not_left_behind(self):
         run = self.folder / "new.db"
         process = self.start(run, subprocess.PIPE)
-        journal = self.folder / "new.db-journal"
         end = time.monotonic() + PATIENCE
-        while not journal.exists() and process.poll() is None and time.monotonic() < end:
+        while not list(self.folder.glob("new.db*-journal")) and process.poll() is None and time.monotonic() < end:
             time.sleep(0.001)
         process.send_signal(signal.SIGINT)
         output, error = process.communicate(timeout=PATIENCE)

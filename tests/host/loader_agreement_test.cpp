@@ -7,7 +7,9 @@
 #include "host/cell_survey.h"
 #include "host/failure.h"
 #include "host/run_session.h"
+#include "host/text_source.h"
 #include "tests/host/temporary_folder.h"
+#include "tests/support/locale_variables.h"
 
 namespace tslm5::host {
 namespace {
@@ -43,6 +45,7 @@ std::int32_t CountCells(const RunSession& session, std::int32_t columns, const c
 }
 
 TEST(LoaderAgreement, TheSurveyCountsWhatTheRunHolds) {
+  const LocaleVariables plain("C", nullptr, nullptr);
   std::mt19937 random(20);  // the same texts every time
   const TemporaryFolder folder;
   const RunSession session(folder.Path("run.db"), RunOptions::Mode::kReadWriteCreate);
@@ -54,18 +57,20 @@ TEST(LoaderAgreement, TheSurveyCountsWhatTheRunHolds) {
     const std::string file = folder.Write("data", RandomText(random, character));
     const bool is_transposed = separator.character != '\0' && random() % 4 == 0;
     const bool has_labels = random() % 2 == 0;
-    DelimitedText text{"", &separator, has_labels, is_transposed};
+    const TextSource source(file);
+    std::string transposed;
+    DelimitedText text{source.Text(), &separator, has_labels, is_transposed, source.Path()};
     CellSurvey survey;
     try {
-      text.text = ReadTextFile(file);
-      if (is_transposed) text.text = Transposed(text.text, separator);
+      source.RequireText();
+      if (is_transposed) text.text = transposed = Transposed(text.text, separator);
       survey = SurveyCells(text, false);
     } catch (const Failure&) {
       continue;
     }
-    const Transaction transaction(session.Connection());
+    const Transaction transaction(session);
     const Ref<IDataSet> data_set = session.AttachDataSet(data_set_type::kTraining);
-    data_set->Parse(file, separator.code, has_labels, data_set_type::kTraining,
+    data_set->Parse(text.path, separator.code, has_labels, data_set_type::kTraining,
                     is_transposed ? layout_code::kRecordsInColumns : layout_code::kRecordsInRows);
     ASSERT_EQ(survey.lines, survey.records + survey.label_lines + survey.empty_lines);
     ASSERT_EQ(data_set->Rows(), survey.records) << separator.name << ":\n" << text.text;

@@ -115,7 +115,7 @@ class PlotTest(HostCase):
         self.assertEqual(texts[1:], ["1", "2", "3", "4", "5", "1", "2", "3", "4", "5"])
         self.assertIn("@media (prefers-color-scheme: dark)", text)
         self.assertNotIn("href", text)
-        self.assertEqual([p.name for p in self.folder.glob("*.part")], [])
+        self.assertEqual([p.name for p in self.folder.glob("picture.svg?*")], [])
 
     def test_a_picture_takes_the_place_of_a_picture_alone(self):
         self.series([1, 2])

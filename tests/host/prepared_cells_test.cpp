@@ -19,7 +19,7 @@ constexpr const char* kTesting = "colour,wind,answer\nblue,?,5\nred,NA,6\n";
 
 FieldFile Fields(const char* text) {
   FieldFile file;
-  file.text = {text, FindSeparator("comma"), true, false};
+  file.text = {text, FindSeparator("comma"), true, false, {}};
   file.table = ReadFields(file.text, false);
   return file;
 }
@@ -37,7 +37,7 @@ class PreparedCells : public testing::TestWithParam<const char*> {
     options_.scale = ParseScale(scale);
     const FieldFile main = Fields(kText);
     const FieldFile testing = Fields(kTesting);
-    StorePrepared(options_, main, &testing, false);
+    StorePrepared(options_, {}, main, &testing, false);
   }
 
   TemporaryFolder folder_;

@@ -8,9 +8,9 @@
 namespace tslm5::host {
 namespace {
 
-DelimitedText Text(std::string text, const char* separator, bool has_label_line) {
+DelimitedText Text(std::string_view text, const char* separator, bool has_label_line) {
   DelimitedText delimited;
-  delimited.text = std::move(text);
+  delimited.text = text;
   delimited.separator = FindSeparator(separator);
   delimited.has_label_line = has_label_line;
   return delimited;

@@ -82,12 +82,22 @@ class RefusalTest(HostCase):
             b"a,b\n1,\x002\n",
         )
 
-    def test_lone_carriage_returns(self):
+    def test_a_lone_carriage_return_among_line_feeds(self):
         self.refused(
             "there are no records: 1 lines, 1 of them the label line and 0 empty; a carriage "
             "return alone does not end a line",
-            "a,b\r1,2\r3,4\r",
+            "a,b\r1,2\r3,4\r\n",
         )
+
+    def test_a_line_without_an_end(self):
+        file = self.folder / "long.csv"
+        with open(file, "wb") as sparse:
+            sparse.truncate(3 << 30)
+        for words in (("load", file, "--run", self.folder / "new.db"), ("check", file)):
+            result = self.program(*words)
+            told = result.stdout + result.stderr
+            self.assertEqual(result.returncode, 1, told)
+            self.assertIn("line 1 holds a NUL byte: this is no text", told)
 
     def test_labels_that_do_not_fit(self):
         self.refused(

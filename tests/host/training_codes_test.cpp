@@ -39,7 +39,7 @@ TEST(TrainingCodes, AreThoseOfTheComponentForTheFileItself) {
   for (int trial = 0; trial < 200; ++trial) {
     const std::string text = RandomText(engine);
     SCOPED_TRACE(text);
-    const DelimitedText delimited{text, FindSeparator("comma"), false, false};
+    const DelimitedText delimited{text, FindSeparator("comma"), false, false, {}};
     const FieldTable table = ReadFields(delimited, false);
     const CodedRecords coded =
         CodeTraining(table, NoSplit(table.Records()).training, CellRule(false, {}), 0);
@@ -61,7 +61,8 @@ TEST(TrainingCodes, AreThoseOfTheComponentForTheFileItself) {
 }
 
 TEST(TrainingCodes, WritesNoSeparatorInsideAField) {
-  const DelimitedText text{"x y|a,b;c|1\nxby|?|-9\n|none|3\n", FindSeparator("bar"), false, false};
+  const DelimitedText text{
+      "x y|a,b;c|1\nxby|?|-9\n|none|3\n", FindSeparator("bar"), false, false, {}};
   const FieldTable table = ReadFields(text, false);
   const std::string composed =
       ComposeTraining(table, NoSplit(3).training, CellRule(false, {"none"}));
@@ -73,7 +74,7 @@ TEST(TrainingCodes, WritesNoSeparatorInsideAField) {
 }
 
 TEST(TrainingCodes, CodesTheRecordsAskedForAlone) {
-  const DelimitedText text{"a,1\nb,2\nc,3\nb,4\n", FindSeparator("comma"), false, false};
+  const DelimitedText text{"a,1\nb,2\nc,3\nb,4\n", FindSeparator("comma"), false, false, {}};
   const FieldTable table = ReadFields(text, false);
   const CodedRecords coded = CodeTraining(table, {1, 2, 3}, CellRule(false, {}), 0);
   EXPECT_EQ(coded.values, (std::vector<double>{1, 2, 2, 3, 1, 4}));

@@ -9,7 +9,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from host_case import PROGRAM, HostCase, dump, plain_environment
+from host_case import PROGRAM, HostCase, dump, plain_environment, query
 
 NOBODY = "65534"
 
@@ -131,6 +131,34 @@ class TroubleTest(HostCase):
                 result.stderr,
                 "tslm5: the result cannot be written to standard output: No space left on device\n",
             )
+
+    def test_an_output_that_takes_nothing_after_a_change(self):
+        page = self.folder / "page.html"
+        for words, done in [
+            (["load", self.file, "--run", self.run_path], "the load is stored"),
+            (["load", self.file, "--run", self.folder / "new.db", "--json"], "the load is stored"),
+            (["load", self.write("words.csv", "a,b\nx,1\ny,2\n"), "--run", self.run_path],
+             "the load is stored"),
+            (["categories", self.run_path, "a", "--set", "x=5"], "the run is changed"),
+            (["report", self.run_path, "-o", page], "the report is written"),
+        ]:
+            with open("/dev/full", "w", encoding="ascii") as full:
+                result = subprocess.run(
+                    [PROGRAM, *map(str, words)],
+                    stdout=full,
+                    stderr=subprocess.PIPE,
+                    text=True,
+                    env=plain_environment(),
+                    check=False,
+                )
+            self.assertEqual(result.returncode, 3)
+            self.assertEqual(
+                result.stderr,
+                "tslm5: the result cannot be written to standard output: No space left on device; "
+                f"{done} all the same\n",
+            )
+        self.assertEqual(query(self.folder / "new.db", "SELECT COUNT(*) FROM TrainingSet"), [(1,)])
+        self.assertTrue(page.exists())
 
     def test_a_reader_that_has_had_enough(self):
         self.load("a,b\n" + "1,2\n" * 100_000)

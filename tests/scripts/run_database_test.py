@@ -44,7 +44,8 @@ class RunDatabase(unittest.TestCase):
         words = [os.environ["TSLM5_HOST"], "load", TOP / "examples/data/air_quality.csv"]
         words += ["--run", run, "--testing-share", "0.2", "--normalize", "zscore"]
         words += ["--missing", "unknown"]
-        subprocess.run(words, check=True, stdout=subprocess.DEVNULL, timeout=120)
+        environment = {**os.environ, "LC_ALL": "C"}
+        subprocess.run(words, check=True, stdout=subprocess.DEVNULL, env=environment, timeout=120)
         cls.run_file = sqlite3.connect(run)
         cls.addClassCleanup(cls.run_file.close)
 
