@@ -130,9 +130,15 @@ class RunConnection final : public FacetOwner {
   class TransactionsFacet final : public Facet<IGuardedTransactions> {
    public:
     explicit TransactionsFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
-    std::int64_t BeginGuarded() override { return connection_.BeginGuarded(); }
-    void CommitGuarded(std::int64_t pToken) override { connection_.CommitGuarded(pToken); }
-    void RollbackGuarded(std::int64_t pToken) override { connection_.RollbackGuarded(pToken); }
+    std::int64_t BeginGuarded() override {
+      return OnlyErrors([&] { return connection_.BeginGuarded(); });
+    }
+    void CommitGuarded(std::int64_t pToken) override {
+      OnlyErrors([&] { connection_.CommitGuarded(pToken); });
+    }
+    void RollbackGuarded(std::int64_t pToken) override {
+      OnlyErrors([&] { connection_.RollbackGuarded(pToken); });
+    }
 
    private:
     RunConnection& connection_;

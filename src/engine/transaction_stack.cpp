@@ -157,9 +157,11 @@ void TransactionStack::EndLostByStatement() noexcept {
 void TransactionStack::NoteFailure(const std::exception& failure, bool was_inside) noexcept {
   if (!was_inside) return;
   const auto* sqlite = dynamic_cast<const SqliteFailure*>(&failure);
-  const bool is_memory = dynamic_cast<const std::bad_alloc*>(&failure) != nullptr;
+  const auto* error = dynamic_cast<const Error*>(&failure);
+  const bool is_memory = dynamic_cast<const std::bad_alloc*>(&failure) != nullptr ||
+                         (error != nullptr && error->Number() == error_number::kOutOfMemory);
   const int number = sqlite != nullptr ? sqlite->Number() : SQLITE_NOMEM;
-  const char* text = is_memory ? "out of memory" : failure.what();
+  const char* text = error != nullptr ? failure.what() : "out of memory";
   if (!IsInside()) {
     is_statements_lost_ = levels_.empty() || is_all_savepoints_;
     Note(1, SQLITE_ABORT_ROLLBACK, true, text);

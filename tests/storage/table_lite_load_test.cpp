@@ -120,14 +120,15 @@ TEST(TableLiteLoad, OfAnotherTypeKeepsWhatWasPutWithoutASave) {
   EXPECT_EQ(run.TableRows("TestingSet"), Lines({"5|1"}));
 }
 
-TEST(TableLiteLoadRecordSet, DoesNotLoseWhatCannotBeWritten) {
+TEST(TableLiteLoadRecordSet, TellsOnceOfWhatItsTableRefuses) {
   const TestRun run;
   const Ref<TableLite> table = run.Filled(1, {"1"});
   run.Execute(
       "CREATE TRIGGER refuse BEFORE UPDATE ON TrainingSet BEGIN SELECT RAISE(ABORT, 'no'); END");
   ASSERT_TRUE(table->PutValue(0, 0, 9));
   EXPECT_EQ(RaisedNumber([&table] { table->LoadRecordSet(); }), 1811);  // refused by a trigger
-  EXPECT_EQ(table->GetRow(0, " "), "9 ");
+  EXPECT_EQ(table->GetRow(0, " "), "1 ");
+  EXPECT_TRUE(table->LoadRecordSet());
 }
 
 TEST(TableLiteSave, WithoutATableIsFalse) {

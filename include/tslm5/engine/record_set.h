@@ -9,8 +9,8 @@
 namespace tslm5 {
 
 /// A buffered, positionable result of a SELECT. Record numbers are 1-based, field indexes
-/// zero-based. It keeps no statement open, and serves the table as it is now: after a write
-/// to it through its connection the next read looks again, keeping the position by record number.
+/// zero-based. It keeps no statement open, and serves the table as it is now: after a write to it
+/// through its connection the next read looks again, keeping the position by record number.
 /// Records are fetched in blocks when they are first read. A pointer borrowed from a `Ref` is good
 /// while that reference is held: a use after the release is not detected. Caller's thread only.
 class IRecordSet : public IUnknown {
