@@ -150,7 +150,7 @@ TEST_F(DataSetLiteEvents, OfAMissingFileAreOneFailure) {
 TEST_F(DataSetLiteEvents, OfAFailureCountTheRowsOfBefore) {
   Parse("1,2\n3,4\n");
   events_->lines.clear();
-  EXPECT_NE(RaisedNumber([&] { Parse("5,6\n7\n8,9\n"); }), 0);
+  EXPECT_NE(RaisedNumber([&] { Parse("5,6\n7,it's\n8,9\n"); }), 0);
   EXPECT_EQ(events_->lines, (Lines{"BeforeDataLoad 4 x 2", "RecordParsed 0 of 2",
                                    "AfterDataLoad 2 x 2: Data load failed."}));
 }

@@ -116,7 +116,8 @@ TEST_F(DataSetLiteHandlers, MayDetachThemselvesAtAnyPoint) {
 TEST_F(DataSetLiteHandlers, MayLetGoOfTheSetAtAnyPoint) {
   for (const char* event : {"before", "record", "after"}) {
     for (const bool replaces : {false, true}) {
-      for (const char* bytes : {"7,8\n9,10\n", "7,8\n9\n"}) {  // a good file and one that fails
+      for (const char* bytes :
+           {"7,8\n9,10\n", "7,8\n9,it's\n"}) {  // a good file and one that fails
         LiteSet set(run_, 1);
         set.Listen(events_);
         IDataSet* const data_set = set.operator->();
@@ -129,7 +130,7 @@ TEST_F(DataSetLiteHandlers, MayLetGoOfTheSetAtAnyPoint) {
             data_set->Parse(path, separator_code::kComma, false, 1, 1);
           }
         } catch (const Error& error) {
-          EXPECT_STREQ(bytes, "7,8\n9\n") << error.what();
+          EXPECT_STREQ(bytes, "7,8\n9,it's\n") << error.what();
         }
         EXPECT_FALSE(set.Object()) << event;
         Quieten();

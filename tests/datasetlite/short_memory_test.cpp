@@ -12,29 +12,40 @@ namespace {
 using testing::AnyOf;
 using testing::ElementsAre;
 
+/// The set works on the run itself: a connection that records its statements needs memory to end a
+/// transaction.
 class DataSetLiteShortMemory : public DataSetLiteTest, public testing::WithParamInterface<bool> {
  protected:
-  DataSetLiteShortMemory() { LoadBefore(); }
+  DataSetLiteShortMemory() {
+    CreateRunTables(*asked_run_.Connection());
+    plain_.As<IConstructor>()->Init(
+        VariantArray({Variant(plain_run_), Variant(data_set_type::kTraining)}));
+    LoadBefore();
+  }
 
   void LoadBefore() const {
-    ParseFile(set_, folder_.Write("before.csv", "a;b;c\n1;2;3\n4;5;6\n"),
+    ParseFile(plain_, folder_.Write("before.csv", "a;b;c\n1;2;3\n4;5;6\n"),
               {.separator = separator_code::kSemicolon, .has_labels = true});
   }
 
   /// Has `load` fail at every allocation, and expects the records of before or those of `after`.
   void ExpectWholeLoads(const std::function<void()>& load, const Lines& after) {
     const long count = FailInTurn(GetParam(), load, [&] {
-      EXPECT_FALSE(run_.InTransaction());
-      EXPECT_THAT(set_.Records(), AnyOf(ElementsAre("1,2,3", "4,5,6"), after));
+      EXPECT_FALSE(asked_run_.InTransaction());
+      EXPECT_THAT(plain_.Records(), AnyOf(ElementsAre("1,2,3", "4,5,6"), after));
       LoadBefore();
-      EXPECT_THAT(set_.Records(), ElementsAre("1,2,3", "4,5,6"));
-      EXPECT_THAT(set_.Labels(), ElementsAre("a", "b", "c"));
-      EXPECT_EQ(set_->GetProperty("Separator"), ";");
-      EXPECT_TRUE(set_->IsReady());
+      EXPECT_THAT(plain_.Records(), ElementsAre("1,2,3", "4,5,6"));
+      EXPECT_THAT(plain_.Labels(), ElementsAre("a", "b", "c"));
+      EXPECT_EQ(plain_->GetProperty("Separator"), ";");
+      EXPECT_TRUE(plain_->IsReady());
     });
     EXPECT_GT(count, 20);
-    EXPECT_EQ(set_.Records(), after);
+    EXPECT_EQ(plain_.Records(), after);
   }
+
+  const Ref<IConnectionService> plain_run_ = OpenRun("", {.in_memory = true});
+  const TestRun asked_run_{plain_run_};
+  const LiteSet plain_;
 };
 
 INSTANTIATE_TEST_SUITE_P(, DataSetLiteShortMemory, testing::Bool(), [](const auto& one) {
@@ -44,12 +55,12 @@ INSTANTIATE_TEST_SUITE_P(, DataSetLiteShortMemory, testing::Bool(), [](const aut
 TEST_P(DataSetLiteShortMemory, LeavesAWholeSetBehindAParse) {
   const std::string path =
       folder_.Write("data.csv", "a label of some length,another label of that length\n7,8\n9,10\n");
-  ExpectWholeLoads([&] { ParseFile(set_, path, {.has_labels = true}); }, {"7,8", "9,10"});
+  ExpectWholeLoads([&] { ParseFile(plain_, path, {.has_labels = true}); }, {"7,8", "9,10"});
 }
 
 TEST_P(DataSetLiteShortMemory, LeavesAWholeSetBehindSetData) {
   const MemorySet source("7,8\n9,10");
-  ExpectWholeLoads([&] { set_->SetData(source.Object().get(), data_set_type::kTraining); },
+  ExpectWholeLoads([&] { plain_->SetData(source.Object().get(), data_set_type::kTraining); },
                    {"7,8", "9,10"});
 }
 
