@@ -21,6 +21,10 @@ function(tslm5_precompiled)
   target_link_libraries(${PCH_NAME} PRIVATE ${PCH_LINKS} tslm5_flags)
   target_compile_options(${PCH_NAME} PRIVATE ${PCH_OPTIONS})
   target_precompile_headers(${PCH_NAME} PRIVATE ${PCH_HEADERS})
+  # What the empty source becomes is none of the build's results.
+  set_target_properties(
+    ${PCH_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/precompiled"
+                           ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/precompiled")
 endfunction()
 
 set(TSLM5_STANDARD_HEADERS
