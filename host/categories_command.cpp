@@ -49,10 +49,11 @@ Scene SetScene(const RunSession& session, const CategoriesOptions& options) {
 }
 
 CodedColumn RequireCategories(const Scene& scene, std::int32_t index) {
-  CodedColumn column = ReadCodedColumn(scene.data_set, index);
+  CodedColumn column = ReadCodedColumn(scene.session, scene.data_set, index);
   if (!column.categories.empty()) return column;
   std::vector<std::string> labels;
-  for (const CodedColumn& one : ReadCodedColumns(scene.data_set)) labels.push_back(one.label);
+  for (const CodedColumn& one : ReadCodedColumns(scene.session, scene.data_set))
+    labels.push_back(one.label);
   throw Failure(
       ExitCode::kUsage,
       fmt::format("{} has no categories; the columns that have some: {}",
@@ -71,9 +72,10 @@ CategoryReport MakeReport(const Scene& scene, const CategoriesOptions& options) 
   if (scene.column) {
     report.columns.push_back(RequireCategories(scene, *scene.column));
   } else if (options.ConcernsResponse()) {
-    report.columns.push_back(ReadCodedColumn(scene.data_set, scene.data_set->TerminalCount()));
+    report.columns.push_back(
+        ReadCodedColumn(scene.session, scene.data_set, scene.data_set->TerminalCount()));
   } else {
-    report.columns = ReadCodedColumns(scene.data_set);
+    report.columns = ReadCodedColumns(scene.session, scene.data_set);
     report.is_whole = false;
   }
   if (options.checks || options.encodes) report.check = CheckResponse(scene);
@@ -111,7 +113,7 @@ void Change(const Scene& scene, const CategoriesOptions& options) {
   if (scene.column && !options.codes.empty()) {
     const CodedColumn before = RequireCategories(scene, *scene.column);
     Recode(scene.session, scene.data_set, before, options.codes);
-    const CodedColumn after = ReadCodedColumn(scene.data_set, *scene.column);
+    const CodedColumn after = ReadCodedColumn(scene.session, scene.data_set, *scene.column);
     for (const std::string& warning : WarningsOfFilledGaps(scene.data_set, before, after)) {
       Warn(warning);
     }
@@ -123,7 +125,8 @@ void Change(const Scene& scene, const CategoriesOptions& options) {
   }
   StopIfInterrupted();
   if (options.encodes) {
-    EncodeResponse(scene.session, scene.data_set, ReadCodedColumn(scene.data_set, response));
+    EncodeResponse(scene.session, scene.data_set,
+                   ReadCodedColumn(scene.session, scene.data_set, response));
   }
   if (options.positive_class) {
     NamePositiveClass(scene.session, scene.data_set, RequireCategories(scene, response),

@@ -1,34 +1,34 @@
 #include "host/coded_column.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <map>
 #include <set>
-#include <string_view>
 
-#include "host/failure.h"
 #include "tslm5/contracts/nominal_metadata.h"
 #include "tslm5/platform/dictionary.h"
-#include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
 namespace {
 
-/// From "VALUE CODE RECORDS"; the value may hold blanks itself.
-CodedCategory ParseCategory(const std::string& value, const std::string& text) {
-  CodedCategory category;
-  category.value = value;
-  const std::string_view rest =
-      std::string_view(text).substr(std::min(text.size(), value.size() + 1));
-  const std::size_t blank = rest.find(' ');
-  double records = 0.0;
-  if (blank == std::string_view::npos || !ParseNumber(rest.substr(0, blank), '.', category.code) ||
-      !ParseNumber(rest.substr(blank + 1), '.', records)) {
-    throw Failure(ExitCode::kTrouble, "the run's categories cannot be read: " + text);
+/// The categories by text, or by number where the column holds numbers. They are read from their
+/// table, because the component's answer holds each text several times.
+std::vector<CodedCategory> ReadCategories(const RunSession& session, const CodedColumn& column) {
+  std::vector<CodedCategory> categories;
+  IConnection& connection = session.Connection();
+  if (!connection.TableExists("DataSetColumnCategories")) return categories;
+  const Ref<IDataReader> reader = connection.ExecuteReader(fmt::format(
+      "SELECT NominalValue, NumericValue, CategoryCount FROM DataSetColumnCategories WHERE Name = "
+      "'d{}' ORDER BY {}",
+      column.index, column.is_categorical ? "NominalValue" : "CAST(NominalValue AS float)"));
+  while (reader->Read()) {
+    categories.push_back({reader->GetString(0), reader->GetDouble(1), reader->GetInteger(2)});
   }
-  category.records = Variant(records).ToInteger();
-  return category;
+  reader->Close();
+  return categories;
 }
 
 std::optional<BinaryEncoding> ReadEncoding(INominalDataSetMetadata& metadata,
@@ -69,36 +69,35 @@ const CodedCategory* CodedColumn::Find(const std::string& value) const {
   return found == categories.end() ? nullptr : &*found;
 }
 
-CodedColumn ReadCodedColumn(const Ref<IDataSet>& data_set, std::int32_t index) {
+CodedColumn ReadCodedColumn(const RunSession& session, const Ref<IDataSet>& data_set,
+                            std::int32_t index) {
   const auto metadata = data_set.As<INominalDataSetMetadata>();
   CodedColumn column;
   column.index = index;
   column.label = data_set->GetLabel(index);
   column.is_categorical = metadata->GetIsCategorical(index);
   column.is_response = index == data_set->TerminalCount();
+  column.categories = ReadCategories(session, column);
   std::map<double, int> sharing;
-  const auto categories = metadata->GetCategories(index).ToMap();
-  for (const auto& [value, text] : categories->Entries()) {
-    column.categories.push_back(ParseCategory(value.ToString(), text.ToString()));
-    ++sharing[column.categories.back().code];
-  }
+  for (const CodedCategory& one : column.categories) ++sharing[one.code];
   for (CodedCategory& one : column.categories) one.is_merged = sharing[one.code] > 1;
   if (!column.categories.empty()) column.mode = metadata->GetModeMapping(index);
   if (column.is_response) column.encoding = ReadEncoding(*metadata, column);
   return column;
 }
 
-std::vector<CodedColumn> ReadCodedColumns(const Ref<IDataSet>& data_set) {
+std::vector<CodedColumn> ReadCodedColumns(const RunSession& session,
+                                          const Ref<IDataSet>& data_set) {
   std::vector<CodedColumn> columns;
   const auto indexes = data_set.As<INominalDataSetMetadata>()->GetCategoricalIndexes().ToMap();
   const std::int32_t response = data_set->TerminalCount();
   bool has_response = false;
   for (const auto& [name, index] : indexes->Entries()) {
-    columns.push_back(ReadCodedColumn(data_set, index.ToInteger()));
+    columns.push_back(ReadCodedColumn(session, data_set, index.ToInteger()));
     has_response = has_response || columns.back().is_response;
   }
   if (has_response) return columns;
-  CodedColumn last = ReadCodedColumn(data_set, response);
+  CodedColumn last = ReadCodedColumn(session, data_set, response);
   if (!last.categories.empty()) columns.push_back(std::move(last));
   return columns;
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/run_session.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/platform/ref.h"
 
@@ -44,10 +45,11 @@ struct CodedColumn {
 };
 
 /// The column as it is now; without categories when the run has none of it.
-CodedColumn ReadCodedColumn(const Ref<IDataSet>& data_set, std::int32_t index);
+CodedColumn ReadCodedColumn(const RunSession& session, const Ref<IDataSet>& data_set,
+                            std::int32_t index);
 
 /// The columns that have categories: the categorical ones, and a response of classes.
-std::vector<CodedColumn> ReadCodedColumns(const Ref<IDataSet>& data_set);
+std::vector<CodedColumn> ReadCodedColumns(const RunSession& session, const Ref<IDataSet>& data_set);
 
 }  // namespace tslm5::host
 

@@ -37,7 +37,8 @@ ReportedGaps ReadReported(const RunSession& session, const Ref<IDataSet>& data_s
                           std::int32_t column) {
   ReportedGaps reported;
   reported.gaps = ReadGapColumn(session, data_set, column);
-  if (reported.gaps.is_categorical) reported.categories = ReadCodedColumn(data_set, column);
+  if (reported.gaps.is_categorical)
+    reported.categories = ReadCodedColumn(session, data_set, column);
   return reported;
 }
 

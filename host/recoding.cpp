@@ -80,7 +80,7 @@ void Recode(const RunSession& session, const Ref<IDataSet>& data_set, const Code
   }
   UpdateFigures(session, column.index);
   if (!column.is_response) return;
-  const CodedColumn after = ReadCodedColumn(data_set, column.index);
+  const CodedColumn after = ReadCodedColumn(session, data_set, column.index);
   UpdateMerging(session, after.Codes() < after.categories.size());
 }
 
