@@ -127,7 +127,6 @@ void BesideFile::Make(mode_t mode) {
 void BesideFile::Replace() {
   if (std::rename(path_.c_str(), target_.c_str()) != 0) Fail(errno);
   is_moved_ = true;
-  if (const int error = SyncFolderOf(target_); error != 0) Fail(error);
 }
 
 bool BesideFile::Place() {

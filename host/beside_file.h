@@ -24,7 +24,8 @@ class BesideFile {
   /// Open for reading and writing.
   int Descriptor() const { return descriptor_; }
 
-  /// Moves the file to its target, in the place of what is there.
+  /// Moves the file to its target, in the place of what is there. To last through a power loss, a
+  /// move needs `SyncFolderOf` the target.
   void Replace();
   /// Moves the file to its target unless something is there; false when something is.
   bool Place();

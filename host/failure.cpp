@@ -21,6 +21,7 @@ struct Meaning {
 /// SQLite's primary result codes.
 constexpr Meaning kEngineMeanings[] = {
     {3, ExitCode::kTrouble, "the run cannot be opened"},
+    {4, ExitCode::kTrouble, "the change was cut off, and nothing of it is stored"},
     {5, ExitCode::kTrouble, "the run is locked by another program; try again when it is done"},
     {6, ExitCode::kTrouble, "a table of the run is in use"},
     {7, ExitCode::kTrouble, "not enough memory"},

@@ -1,6 +1,6 @@
 #include "host/file_check.h"
 
-#include <new>
+#include <fmt/format.h>
 
 #include "host/failure.h"
 #include "host/interruption.h"
@@ -15,6 +15,7 @@ namespace {
 constexpr std::string_view kSetMark = "<DATASET>";
 constexpr std::string_view kNotFound = "File not found.";
 constexpr std::string_view kInvalid = "Invalid file.";
+constexpr std::string_view kNoMemory = "Out of memory";
 constexpr std::int64_t kRowsPerFeedback = 10;
 
 std::string WithSetName(std::string text, const std::string& name) {
@@ -33,13 +34,17 @@ bool HasNoBeginning(std::string_view text, bool has_labels) {
   return has_labels && (end == std::string_view::npos || end + 1 == text.size());
 }
 
+/// Whether the words are those of a failure to read the text, and none about it.
+bool IsTrouble(const std::string& words, const CheckRequest& request) {
+  return words == kNotFound || words == kNoMemory ||
+         words.starts_with(fmt::format("The file \"{}\"", request.path)) ||
+         (words == kInvalid && !HasNoBeginning(request.text, request.has_labels));
+}
+
 /// The check has no answer but "not valid": what kept it from looking at the text must not pass for
 /// what it found there.
 void RequireLook(const CheckAnswer& answer, const CheckRequest& request) {
-  const bool is_unread =
-      answer.message == kNotFound ||
-      (answer.message == kInvalid && !HasNoBeginning(request.text, request.has_labels));
-  if (!is_unread && answer.message != std::bad_alloc().what()) return;
+  if (!IsTrouble(answer.message, request)) return;
   throw Failure(ExitCode::kTrouble,
                 "the text cannot be checked: the component could not read it, or there is not "
                 "enough memory");

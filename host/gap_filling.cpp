@@ -32,6 +32,15 @@ double ValueOf(const RunSession& session, const Ref<IDataSet>& data_set, std::in
   }
 }
 
+/// Does in plain statements what the component could not do, without saying why: a full disk, say,
+/// is then raised as what it is. The transaction is rolled back in either case.
+void RaiseWhatTheRunSays(const RunSession& session, const GapColumn& column) {
+  for (const GapToken& token : column.tokens) {
+    if (!token.replacement) continue;
+    WriteCellsOf(session, column.index, token.text, NumberText(*token.replacement));
+  }
+}
+
 /// Why the component may have refused to fill a column's gaps.
 std::string Reason(const RunSession& session, const Ref<IDataSet>& data_set, std::int32_t column) {
   const std::int32_t type = NormalizationType(session);
@@ -73,6 +82,7 @@ void FillGaps(const RunSession& session, const Ref<IDataSet>& data_set, const Ga
     if (token.replacement) RefuseApostrophe("the token", token.text);
   }
   if (!data_set.As<IMissingMetadata>()->ApplyMissing(column.index)) {
+    RaiseWhatTheRunSays(session, column);
     throw Failure(
         ExitCode::kTrouble,
         fmt::format("the replacements of {} could not be applied: {}; nothing was changed",

@@ -12,6 +12,7 @@
 
 #include "host/beside_file.h"
 #include "host/failure.h"
+#include "host/file_placing.h"
 #include "host/interruption.h"
 #include "host/shown_text.h"
 
@@ -60,13 +61,21 @@ bool MayReplace(const std::string& path, std::string_view mark) {
 }
 
 void WriteWhole(const std::string& path, std::string_view text) {
+  const std::string place = EndOfLinks(path);
   try {
-    BesideFile file(EndOfLinks(path), kMode);
+    BesideFile file(place, kMode);
     Write(file.Descriptor(), path, text);
     if (::fsync(file.Descriptor()) != 0) Fail(path, errno);
     file.Replace();
   } catch (const std::system_error& error) {
     Fail(path, error.code().value());
+  }
+  if (const int error = SyncFolderOf(place); error != 0) {
+    throw Failure(
+        ExitCode::kTrouble,
+        fmt::format("{} is written, but a power loss may still undo it: its folder cannot "
+                    "be written to the disk: {}",
+                    Escaped(path), std::generic_category().message(error)));
   }
 }
 

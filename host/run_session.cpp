@@ -19,6 +19,8 @@
 namespace tslm5::host {
 namespace {
 
+constexpr int kMostTries = 3;
+
 Ref<IRunSchema> Schema() {
   return CreateObject<IRunSchema>(class_id::kRunSchema);
 }
@@ -65,14 +67,10 @@ void RunSession::CreateSchema() const {
   Schema()->CreateSchema(run_.get());
 }
 
-void RunSession::RequireAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const {
+bool RunSession::HasAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const {
   const std::int32_t columns = ColumnsOf(set.table);
-  const bool has_read =
-      is_loaded ? data_set.Columns() == columns && (data_set.Rows() > 0 || !HasRecords(set))
-                : columns == 0;
-  if (has_read) return;
-  throw Failure(ExitCode::kTrouble,
-                fmt::format("the {} set of {} cannot be read", set.name, Escaped(path_)));
+  if (!is_loaded) return columns == 0;
+  return data_set.Columns() == columns && (data_set.Rows() > 0 || !HasRecords(set));
 }
 
 bool RunSession::HasRecords(const SetName& set) const {
@@ -80,9 +78,18 @@ bool RunSession::HasRecords(const SetName& set) const {
 }
 
 Ref<IDataSet> RunSession::OpenDataSet(std::int32_t type) const {
+  const SetName& set = *FindSet(type);
   auto data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
-  const bool is_loaded = data_set.As<IPersistable>()->Load(Variant(run_), Variant(type));
-  RequireAnswers(*data_set, *FindSet(type), is_loaded);
+  bool is_loaded = false;
+  bool has_answers = false;
+  for (int i = 0; i < kMostTries && !has_answers; ++i) {  // another program may change the run
+    is_loaded = data_set.As<IPersistable>()->Load(Variant(run_), Variant(type));
+    has_answers = HasAnswers(*data_set, set, is_loaded);
+  }
+  if (!has_answers) {
+    throw Failure(ExitCode::kTrouble,
+                  fmt::format("the {} set of {} cannot be read", set.name, Escaped(path_)));
+  }
   if (!is_loaded) return nullptr;
   // The column records of a run tell of its embedded records; a series beside them has its own
   // label.

@@ -43,7 +43,7 @@ class RunSession {
  private:
   void TellOfRecovery() const;
   /// A set says 0 of what it could not read, which must not pass for an answer.
-  void RequireAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const;
+  bool HasAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const;
   bool HasRecords(const SetName& set) const;
   void RefuseForeignDatabase() const;
 

@@ -34,6 +34,14 @@ Failure Refusal(const Error& error, const CellSurvey& survey) {
   return Failure(ExitCode::kRefused, Escaped(error.what()));
 }
 
+/// The error with the user's name of the file, where it names the one that the component read.
+Error WithFileName(const Error& error, const std::string& path, const std::string& file) {
+  std::string words = error.Description();
+  const std::size_t place = words.find(path);
+  if (place == std::string::npos) return error;
+  return Error(error.Number(), error.Source(), words.replace(place, path.size(), file));
+}
+
 void Parse(IDataSet& data_set, const LoadOptions& options, const DelimitedText& text,
            const CellSurvey& survey, Progress& progress) {
   const LoadWatcher watcher(data_set, progress);
@@ -42,7 +50,7 @@ void Parse(IDataSet& data_set, const LoadOptions& options, const DelimitedText& 
                    options.layout);
   } catch (const Error& error) {
     StopIfInterrupted();
-    throw Refusal(error, survey);
+    throw Refusal(WithFileName(error, text.path, options.file), survey);
   }
   StopIfInterrupted();
 }

@@ -101,6 +101,35 @@ class TroubleTest(HostCase):
         self.assertEqual(dump(run), self.before)
         self.assertEqual(os.listdir(place), ["run.db"])
 
+    def test_a_disk_that_is_full_when_gaps_are_filled(self):
+        gaps = "a,b\n" + "".join(f"{'NA' if t % 2 else t},{t}\n" for t in range(40_000))
+        self.load(gaps, name="gaps.csv")
+        self.done("missing", self.run_path, "a", "--replace", "NA=7", "--no-stats")
+        before = dump(self.run_path)
+        size = self.run_path.stat().st_size
+        message = (
+            r"^tslm5: (no space is left for the run|the change was cut off, and nothing of it is "
+            r"stored): [^\n]*disk is full[^\n]*\n$"
+        )
+        refused = 0
+        for room in (size + 50_000, size + 300_000, size + 1_000_000):
+            place = tempfile.mkdtemp()
+            self.addCleanup(os.rmdir, place)
+            mount = ["mount", "-t", "tmpfs", "-o", f"size={room}", "tmpfs", place]
+            if os.geteuid() != 0 or subprocess.run(mount, capture_output=True, check=False).returncode:
+                self.skipTest("needs to mount a small file system")
+            self.addCleanup(subprocess.run, ["umount", place], check=True)
+            run = Path(place) / "run.db"
+            shutil.copy(self.run_path, run)
+            result = self.program("missing", run, "a", "--apply")
+            if result.returncode == 0:  # there was room enough
+                continue
+            refused += 1
+            self.assertEqual((result.returncode, result.stdout), (3, ""), result.stderr)
+            self.assertRegex(result.stderr, message)
+            self.assertEqual(dump(run), before)
+        self.assertGreater(refused, 0)
+
     def test_a_limit_on_the_size_of_files(self):
         big = self.big_file()
         result = subprocess.run(
@@ -114,6 +143,31 @@ class TroubleTest(HostCase):
         self.assertEqual((result.returncode, result.stdout), (3, ""), result.stderr)
         self.assertRegex(result.stderr, r"^tslm5: [^\n]*\n$")
         self.assertEqual(dump(self.run_path), self.before)
+
+    def with_memory(self, limit, *words):
+        return subprocess.run(
+            [PROGRAM, *map(str, words)],
+            capture_output=True,
+            text=True,
+            env=plain_environment(),
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (limit, limit)),
+            check=False,
+        )
+
+    def test_short_memory_is_no_answer_about_the_data(self):
+        big = self.write("big.csv", "a,b\n" + "1.25,2.5\n" * 1_500_000)
+        codes = []
+        for limit in range(32 << 20, 512 << 20, 6 << 20):
+            if self.with_memory(limit, "--version").returncode != 0:
+                continue
+            result = self.with_memory(limit, "check", big)
+            codes.append(result.returncode)
+            self.assertIn(result.returncode, (0, 3), (limit, result))
+            if result.returncode == 0:
+                break
+            self.assertRegex(result.stderr, r"^tslm5: [^\n]*memory[^\n]*\n$")
+        self.assertEqual(codes[-1], 0)
+        self.assertGreater(codes.count(3), 3)
 
     def test_an_output_that_takes_nothing(self):
         for words in (["--help"], ["show", self.run_path], ["info", self.run_path]):
