@@ -39,12 +39,11 @@ void MissingMetadataFacet::UpdateMissing(std::int32_t pColumnIndex, const Varian
   const std::string token = pOriginalvalue.ToString();
   const Ref<IConnection> connection = ConnectionOf(state_);
   RefuseApostrophe(token, "UpdateMissing");
-  connection->Execute(
-      FillStatement(run_statement::kUpdateMissingMapping,
-                    {{"<VALUE>", std::isnan(value) ? "NULL" : SqlNumber(value)},
-                     {"<TYPE>", std::to_string(pNewValueType)},
-                     {"<COLUMN>", std::to_string(pColumnIndex)},
-                     {"<TOKEN>", token}}));
+  connection->Execute(FillStatement(run_statement::kUpdateMissingMapping,
+                                    {{"<VALUE>", std::isnan(value) ? "NULL" : SqlNumber(value)},
+                                     {"<TYPE>", std::to_string(pNewValueType)},
+                                     {"<COLUMN>", std::to_string(pColumnIndex)},
+                                     {"<TOKEN>", token}}));
 } catch (...) {
   RaiseAsError();
 }
