@@ -165,6 +165,7 @@ bool InMemoryDataSetFacet::SetData(IUnknown* pSource, std::int32_t) try {
   auto data = std::make_shared<CellArray>(rows, extra->Columns());
   for (std::int32_t row = 0; row < rows; ++row) data->Put(row, 0, extra->GetItem(0, row));
   state_.data = std::move(data);
+  state_.EndExtraSet();
   state_.column_count = 1;
   state_.SetType(data_set_type::kTimeSeriesTesting);
   state_.MakeDefaultLabels();

@@ -48,17 +48,21 @@ void InMemoryState::MakeDefaultLabels() {
   labels = std::move(made);
 }
 
+void InMemoryState::EndExtraSet() {
+  extra_set = CellArray();
+  extra_set_exists = false;
+}
+
 void InMemoryState::Reset() {
   labels.clear();
   data.reset();
-  extra_set = CellArray();
+  EndExtraSet();
   ResetProperties();
   iterator_position = -1;
   has_labels = false;
   separator = -1;
   data_set_type = data_set_type::kUnknown;
   is_dirty = false;
-  extra_set_exists = false;
   name.clear();
   is_ready = false;
 }

@@ -53,6 +53,8 @@ struct InMemoryState {
   /// As many labels as there are columns, made of the names of the variables; the one column of a
   /// series is "Time Series".
   void MakeDefaultLabels();
+  /// New data, or none, end the extra set of the old.
+  void EndExtraSet();
   /// Empties the set: type 1000, no data. The column count and the problem category stay (meant).
   void Reset();
 };

@@ -107,6 +107,7 @@ void TextParsing::ParseString(std::string& text, std::int32_t separator, bool ha
   state_.is_ready = false;
   state_.has_labels = false;
   state_.data.reset();
+  state_.EndExtraSet();
   state_.replaced_missing_count = 0;
   state_.SetType(data_set_type);
   try {

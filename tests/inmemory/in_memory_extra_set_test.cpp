@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <limits>
 
 #include "inmemory/memory_set.h"
+#include "tslm5/contracts/nominal_data_set.h"
 
 namespace tslm5 {
 namespace {
@@ -66,6 +68,36 @@ TEST_F(InMemoryExtraSet, IsVectorizedWithSourcesOfItsOwn) {
 
 TEST_F(InMemoryExtraSet, PassesTheTestOfColumnsThatTheDataHave) {
   EXPECT_THAT(Raised([&] { Vectorize(1, 0, -1); }), IsSubscriptError());
+}
+
+TEST_F(InMemoryExtraSet, EndsWithItsData) {
+  const struct {
+    const char* name;
+    std::function<void()> change;
+  } kChanges[] = {
+      {"a text", [this] { set_.Parse("7,8"); }},
+      {"a text with words",
+       [this] {
+         std::string text = "a,8\nb,9";
+         set_.As<INominalDataSet>()->ParseString(text, separator_code::kComma, false, 1, 1, 2,
+                                                 nullptr);
+       }},
+      {"a text that is refused", [this] { set_.ErrorOf("7,8\n9"); }},
+      {"nothing", [this] { set_->Clear(); }},
+  };
+  for (const auto& [name, change] : kChanges) {
+    set_.State().extra_set = CellArray(5, 1);
+    set_.State().extra_set_exists = true;
+    change();
+    EXPECT_FALSE(extra_->Exists()) << name;
+    EXPECT_EQ(extra_->Rows(), 0) << name;
+  }
+}
+
+TEST_F(InMemoryExtraSet, StaysWhereNoOtherDataCome) {
+  EXPECT_EQ(RaisedNumber([this] { set_.ParseFile(""); }), 41001);
+  EXPECT_EQ(extra_->Rows(), 5);
+  EXPECT_EQ(set_.As<IInMemorySet>()->Clone().As<IExtraSet>()->Rows(), 5);
 }
 
 class InMemoryVectorize : public testing::Test {

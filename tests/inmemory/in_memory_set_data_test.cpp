@@ -65,13 +65,25 @@ TEST_F(InMemorySetData, IsLeftAloneByAnyOtherSource) {
 TEST_F(InMemorySetData, MayComeFromTheSetItself) {
   EXPECT_TRUE(source_->SetData(source_.Object().get(), 5));
   EXPECT_THAT(source_.Records(), ElementsAre("10", "11", "12"));
+  EXPECT_FALSE(source_.As<IExtraSet>()->Exists()) << "the samples are the data now";
+}
+
+TEST_F(InMemorySetData, EndsTheExtraSetOfEarlierData) {
+  set_.Parse("7,8");
+  set_.State().extra_set = CellArray(2, 1);
+  set_.State().extra_set_exists = true;
+  EXPECT_TRUE(set_->SetData(source_.Object().get(), 5));
+  EXPECT_FALSE(set_.As<IExtraSet>()->Exists());
+  EXPECT_EQ(set_.As<IExtraSet>()->Rows(), 0);
 }
 
 TEST_F(InMemorySetData, LeavesTheSetAloneWhenTheSourceCannotBeRead) {
   set_.Parse("7,8");
+  set_.State().extra_set_exists = true;
   source_.State().column_count = 0;
   EXPECT_EQ(RaisedNumber([&] { set_->SetData(source_.Object().get(), 5); }), 9);
   EXPECT_THAT(set_.Records(), ElementsAre("7,8"));
+  EXPECT_TRUE(set_.As<IExtraSet>()->Exists());
 }
 
 TEST_F(InMemorySetData, HasNoRowsWhereTheSourceHasNoExtraPart) {

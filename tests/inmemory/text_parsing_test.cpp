@@ -135,15 +135,6 @@ TEST(TextParsing, StartsFromTheStateThatItFinds) {
   EXPECT_EQ(set.As<IIterator>()->CurrentRow(), 0);
 }
 
-TEST(TextParsing, LeavesTheExtraSetAlone) {
-  const MemorySet set;
-  set.State().extra_set = CellArray(2, 1);
-  set.State().extra_set_exists = true;
-  set.Parse("1,2");
-  EXPECT_EQ(set.As<IExtraSet>()->Rows(), 2);
-  EXPECT_TRUE(set.As<IExtraSet>()->Exists());
-}
-
 TEST(TextParsing, RoundsEveryNumberCorrectly) {
   const MemorySet set(
       "9007199254740993,0.1,1.7976931348623157e308,4.9406564584124654e-324,1e-400\n"
