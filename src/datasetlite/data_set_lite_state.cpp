@@ -19,16 +19,16 @@ Ref<IConnection> ConnectionOf(const DataSetLiteState& state) {
   return ConnectionOf(state.run.get());
 }
 
+ColumnFlags ReadColumnFlags(IConnection& connection) {
+  if (!connection.TableExists("DataSetColumn")) return {};
+  ColumnFlags flags;
+  flags.is_categorical = ReadFlags(connection, run_statement::kSelectNominalFlags);
+  flags.has_missing = ReadFlags(connection, run_statement::kSelectMissingCounts);
+  return flags;
+}
+
 void LoadColumnFlags(DataSetLiteState& state) {
-  const Ref<IConnection> connection = ConnectionOf(state);
-  std::map<std::int32_t, bool> categorical;
-  std::map<std::int32_t, bool> missing;
-  if (connection->TableExists("DataSetColumn")) {
-    categorical = ReadFlags(*connection, run_statement::kSelectNominalFlags);
-    missing = ReadFlags(*connection, run_statement::kSelectMissingCounts);
-  }
-  state.is_categorical = std::move(categorical);
-  state.has_missing = std::move(missing);
+  state.Take(ReadColumnFlags(*ConnectionOf(state)));
 }
 
 }  // namespace tslm5

@@ -17,6 +17,12 @@
 
 namespace tslm5 {
 
+/// What a run's column records say of its columns, by column index.
+struct ColumnFlags {
+  std::map<std::int32_t, bool> is_categorical;
+  std::map<std::int32_t, bool> has_missing;
+};
+
 /// What the facets of one `DataSetLite` share, with the defaults of a new one.
 struct DataSetLiteState {
   PropertyBag properties;
@@ -41,18 +47,25 @@ struct DataSetLiteState {
   StatisticsCache statistics;
   std::map<std::int32_t, bool> is_categorical;  // by column index
   std::map<std::int32_t, bool> has_missing;     // by column index
+  bool wrote_column_records = false;            // by `Save`, out of the labels
 
   SinkList<IDataSetLiteEvents> sinks;
   IDataSet* sender = nullptr;  // the set's own face, for events
 
+  void Take(ColumnFlags flags) noexcept {
+    is_categorical.swap(flags.is_categorical);
+    has_missing.swap(flags.has_missing);
+  }
   std::int32_t Rows() const { return table ? table->Rows() : 0; }
 };
 
 /// The connection of the set's run; raises 41001 when it has none.
 Ref<IConnection> ConnectionOf(const DataSetLiteState& state);
 
-/// Reads the categorical flags and the missing counts of the run's columns into the two maps; both
-/// are empty when the run has no column records. The last record of a column wins.
+/// The categorical flags and the missing counts of a run's columns; both are empty when the run has
+/// no column records. The last record of a column wins.
+ColumnFlags ReadColumnFlags(IConnection& connection);
+/// Reads them anew for a set; an error leaves it those that it has.
 void LoadColumnFlags(DataSetLiteState& state);
 
 }  // namespace tslm5

@@ -182,9 +182,7 @@ void DataSetLoading::TakeOver(Filled filled) {
   state_.table = std::move(filled.table);
   state_.cached_columns = filled.columns;
   state_.statistics.Empty();  // a handler may have had them read
-  // An older extra table is the set's own table now, if that is what the type code says.
-  const bool is_own = state_.data_set_type == data_set_type::kTimeSeriesTesting;
-  if (filled.extra_table || is_own) state_.extra_table = std::move(filled.extra_table);
+  state_.extra_table = std::move(filled.extra_table);
 }
 
 Ref<TableLite> DataSetLoading::NewTable() const {

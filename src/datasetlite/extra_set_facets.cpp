@@ -48,6 +48,7 @@ void ExtraSetFacet::SetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex, d
     if (!state_.extra_table || !state_.extra_table->PutValue(pColumnIndex, pRowIndex, pValue)) {
       throw Error(error_number::kInvalidArgument);
     }
+    state_.is_dirty = true;
   });
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "contracts/event_args_objects.h"
+#include "datasetlite/extra_table.h"
 #include "datasetlite/label_row.h"
 #include "datasetlite/record_forwarder.h"
 #include "storage/table_limits.h"
@@ -200,13 +201,12 @@ FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t colum
   if (!stored && had_table) return Outcome::kUndone;  // and the earlier rows come back
   table->LoadRecordSet();
   LoadColumnFlags(state_);
+  ExtraTable::DropWithData(state_, *connection);
   transaction.Commit();
   state_.table = table;
   state_.cached_columns = columns;
   state_.statistics.Empty();
-  if (state_.data_set_type == data_set_type::kTimeSeriesTesting) {
-    state_.extra_table.Reset();  // an older one is the set's own table now
-  }
+  state_.extra_table.Reset();
   return stored ? Outcome::kLoaded : Outcome::kEmptied;
 }
 

@@ -1,10 +1,14 @@
 #include "datasetlite/lifecycle_facets.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "datasetlite/data_set_lite.h"
 #include "datasetlite/run_labels.h"
 #include "platform/only_errors.h"
+#include "storage/restore_guard.h"
+#include "storage/run_tables.h"
 #include "storage/table_names.h"
 #include "support/file_helpers.h"
 #include "tslm5/contracts/codes.h"
@@ -38,12 +42,16 @@ Ref<IUnknown> RunIn(const Variant& run_path, const char* source) {
   return nullptr;
 }
 
-/// A table handle on the set's run under `type`, loaded if the run has that table.
-Ref<TableLite> OpenTable(const Ref<IUnknown>& run, std::int32_t type, bool& loaded) {
+/// The run's table of a type; none when the run has no such table.
+Ref<TableLite> OpenTable(const Ref<IUnknown>& run, std::int32_t type) {
   Ref<TableLite> table = MakeObject<TableLite>();
-  table->Init2(run.get());
-  loaded = table->Load(Variant(run), type);
+  if (!table->Load(Variant(run), type)) table.Reset();
   return table;
+}
+
+/// Writes the pending changes of a table; false when they cannot be written.
+bool WritePending(const Ref<TableLite>& table) {
+  return !table || table->SaveIfOpen();
 }
 
 }  // namespace
@@ -52,38 +60,51 @@ bool PersistableFacet::Load(const Variant& pRunPath, const Variant& pParams) try
   Ref<IUnknown> run = RunIn(pRunPath, kLoadSource);
   if (pParams.IsEmpty() || (!run && !state_.run)) RaiseInvalidParameter(kLoadSource);
   const std::int32_t type = pParams.ToInteger();
-  if (run) state_.run = run;
-  state_.data_set_type = type;
-  state_.table.Reset();
-  state_.extra_table.Reset();
-  state_.cached_columns = -1;
-  state_.statistics.ExpectTables();
+  if (!run) run = state_.run;
 
-  bool loaded = false;
-  state_.table = OpenTable(state_.run, type, loaded);
+  // All that can fail comes first: a failure leaves the set as it was.
+  Ref<TableLite> table = OpenTable(run, type);
+  Ref<TableLite> extra_table;
   if (type != data_set_type::kTimeSeriesTesting) {
-    bool has_extra = false;
-    Ref<TableLite> extra = OpenTable(state_.run, data_set_type::kTimeSeriesTesting, has_extra);
-    if (has_extra) state_.extra_table = std::move(extra);
+    extra_table = OpenTable(run, data_set_type::kTimeSeriesTesting);
   }
-  RunLabels::Load(state_);
-  LoadColumnFlags(state_);
+  const Ref<IConnection> connection = ConnectionOf(run.get());
+  std::vector<std::string> labels = RunLabels::Read(*connection);
+  ColumnFlags flags = ReadColumnFlags(*connection);
+
+  state_.statistics.ExpectTables();
+  state_.run = std::move(run);
+  state_.data_set_type = type;
+  state_.table = std::move(table);
+  state_.extra_table = std::move(extra_table);
+  state_.labels = std::move(labels);
+  state_.has_labels = !state_.labels.empty();
+  state_.Take(std::move(flags));
+  state_.wrote_column_records = false;
+  state_.cached_columns = -1;
   state_.is_dirty = false;
-  state_.is_ready = loaded;
-  return loaded;
+  state_.is_ready = static_cast<bool>(state_.table);
+  return state_.is_ready;
 } catch (...) {
   RaiseAsError();
 }
 
 bool PersistableFacet::Save(const Variant& pRunPath, const Variant& pParams) try {
+  // Also without data of its own a set may have an extra set.
+  const bool extra_is_written = WritePending(state_.extra_table);
   if (!state_.table) return false;
   if (pParams.IsEmpty()) RaiseInvalidParameter(kSaveSource);
   const std::int32_t type = pParams.ToInteger();
-  const Ref<IUnknown> run = RunIn(pRunPath, kSaveSource);
-  if (run) state_.run = run;
+  Ref<IUnknown> run = RunIn(pRunPath, kSaveSource);
+  if (!WritePending(state_.table) || !extra_is_written) return false;
+
+  RestoreGuard old_run(state_.run);
+  RestoreGuard old_type(state_.data_set_type);
+  if (run) state_.run = std::move(run);
   state_.data_set_type = type;
-  if (!state_.table->Save() && state_.extra_table) state_.extra_table->Save();
-  if (state_.has_labels) RunLabels::Save(state_);
+  RunLabels::Save(state_);
+  old_run.Keep();
+  old_type.Keep();
   state_.is_dirty = false;
   return true;
 } catch (...) {

@@ -67,6 +67,7 @@ bool MissingMetadataFacet::ApplyMissing(std::int32_t pColumnIndex) {
     return false;  // meant: a failure is reported by this alone
   }
   state_.statistics.Empty();
+  state_.is_dirty = true;
   return true;
 }
 

@@ -46,7 +46,12 @@ double OtherCode(const DataSetLiteState& state, std::string_view response, doubl
 
 }  // namespace
 
-std::string NominalMetadataFacet::Response() const {
+std::string NominalMetadataFacet::Response(const char* source) const {
+  ConnectionOf(state_);  // without a run there is no response either: that is told first
+  if (state_.sender->Columns() == 0) {
+    throw Error(error_number::kInvalidData, source,
+                "The set has no data, so its response is not known.");
+  }
   return std::to_string(state_.sender->TerminalCount());
 }
 
@@ -79,6 +84,7 @@ void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_vi
                                            {{"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
   Execute(FillStatement(run_statement::kUpdateCategoryCode,
                         {{"<VALUE>", value}, {"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
+  state_.is_dirty = true;
   Execute(
       CellsStatement(run_statement::kUpdateCategoryCells, kTrainingSet, pName, value, pNominal));
   state_.statistics.Empty();
@@ -89,7 +95,7 @@ void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_vi
 }
 
 bool NominalMetadataFacet::AnalyseResponseCategories(std::string& pMessage) try {
-  const std::string response = Response();
+  const std::string response = Response("AnalyseResponseCategories");
   if (SqliteHelpers::QueryInteger(*ConnectionOf(state_),
                                   OfColumn(run_statement::kCountCategoryCodes, response)) != 2) {
     pMessage = "Unable to proceed: The response variable must be binomial.";
@@ -128,12 +134,7 @@ bool NominalMetadataFacet::IsResponseMerging() {
 }
 
 void NominalMetadataFacet::UpdateMergingResponseCategories() try {
-  ConnectionOf(state_);  // without a run there is no response either: that is told first
-  if (state_.sender->Columns() == 0) {
-    throw Error(error_number::kInvalidData, "UpdateMergingResponseCategories",
-                "The set has no data, so its response is not known.");
-  }
-  const std::string response = Response();
+  const std::string response = Response("UpdateMergingResponseCategories");
   const auto query = [this, &response](std::string_view statement) {
     return SqliteHelpers::QueryString(*ConnectionOf(state_), OfColumn(statement, response));
   };
@@ -153,6 +154,7 @@ void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   Execute(FillStatement(
       run_statement::kUpdateResponseEncoding,
       {{"<CLASS>", positive_class}, {"<POSITIVE>", positive}, {"<NEGATIVE>", negative}}));
+  state_.is_dirty = true;
   const auto encode = [&](std::string_view table) {
     Execute(
         CellsStatement(run_statement::kUpdateCategoryCells, table, name, positive, positive_class));

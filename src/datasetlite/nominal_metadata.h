@@ -29,8 +29,8 @@ class NominalMetadataFacet final : public Facet<INominalDataSetMetadata> {
   void SavePositiveClass(std::string_view pPositiveClass) override;
 
  private:
-  /// The response's column index in decimal.
-  std::string Response() const;
+  /// The response's column index in decimal; raises 41011 of `source` when the set has no data.
+  std::string Response(const char* source) const;
   void Execute(const std::string& statement) const { ConnectionOf(state_)->Execute(statement); }
   bool TestingSetExists() const { return ConnectionOf(state_)->TableExists("TestingSet"); }
 

@@ -4,8 +4,10 @@
 #include <cmath>
 #include <limits>
 
+#include "datasetlite/extra_table.h"
 #include "platform/only_errors.h"
 #include "storage/run_statements.h"
+#include "storage/transaction.h"
 #include "support/locale.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
@@ -27,10 +29,26 @@ Variant ColumnName(IConnection& connection, std::int32_t column) {
                                               {{"<COLUMN>", std::to_string(column)}}));
 }
 
+/// Whether the run has a table of original texts, but no such column in it: its application stores
+/// no texts.
+bool LacksTexts(IConnection& connection, std::string_view name) {
+  if (!connection.TableExists("OriginalData")) return false;
+  const Ref<IDataReader> reader = connection.ExecuteReader(run_statement::kProbeOriginal);
+  for (std::int32_t field = 0; field < reader->FieldCount(); ++field) {
+    if (reader->FieldName(field) == name) return false;
+  }
+  return true;
+}
+
 Variant ValueOfRecord(IConnection& connection, const std::string& name, std::int32_t record_id) {
-  return FirstValue(connection,
-                    FillStatement(run_statement::kSelectOriginalValue,
-                                  {{"<NAME>", name}, {"<ROW>", std::to_string(record_id)}}));
+  try {
+    return FirstValue(connection,
+                      FillStatement(run_statement::kSelectOriginalValue,
+                                    {{"<NAME>", name}, {"<ROW>", std::to_string(record_id)}}));
+  } catch (const Error&) {
+    if (LacksTexts(connection, name)) return {};
+    throw;
+  }
 }
 
 bool IsSeries(DataSetLiteState& state) {
@@ -107,12 +125,19 @@ std::string LongLabel(DataSetLiteState& state, std::int32_t column) {
 }
 
 void Clear(DataSetLiteState& state) {
-  if (state.table) {
-    const std::string_view name = state.table->Name();
-    if (!name.empty() && ConnectionOf(state)->TableExists(name)) state.table->Drop(false);
+  if (state.table || state.extra_table) {
+    const Ref<IConnection> connection = ConnectionOf(state);
+    Transaction transaction(*connection);
+    const std::string_view name = state.table ? state.table->Name() : std::string_view();
+    if (!name.empty() && connection->TableExists(name)) {
+      connection->Execute(FillStatement(run_statement::kDropTable, {{"<TABLE>", name}}));
+    }
+    ExtraTable::DropWithData(state, *connection);
+    transaction.Commit();
     state.is_dirty = true;
   }
   state.table.Reset();
+  state.extra_table.Reset();
   state.labels.clear();
   state.is_ready = false;
   state.cached_columns = -1;

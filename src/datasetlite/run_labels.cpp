@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "datasetlite/column_records.h"
 #include "storage/run_statements.h"
 #include "storage/transaction.h"
 #include "support/label_test.h"
 #include "support/text_split.h"
+#include "tslm5/contracts/codes.h"
 
 namespace tslm5::RunLabels {
 namespace {
@@ -41,17 +43,31 @@ std::string Doubled(std::string_view text) {
   return doubled;
 }
 
+/// Puts the labels of a set in place of its old ones.
+void Store(IConnection& connection, std::int32_t type, const std::vector<std::string>& labels) {
+  const std::string set_id = std::to_string(type);
+  connection.Execute(FillStatement(run_statement::kDeleteLabels, {{"<SET_ID>", set_id}}));
+  for (std::size_t column = 0; column < labels.size(); ++column) {
+    connection.Execute(FillStatement(run_statement::kInsertLabel,
+                                     {{"<SET_ID>", set_id},
+                                      {"<COLUMN>", std::to_string(column)},
+                                      {"<LABEL>", Doubled(PlainLabel(labels[column]))}}));
+  }
+}
+
 }  // namespace
 
-void Load(DataSetLiteState& state) {
-  const Ref<IConnection> connection = ConnectionOf(state);
-  std::vector<std::string> labels;
-  if (connection->TableExists("DataSetColumn") &&
-      ReadCount(*connection, run_statement::kCountLabels) != 0) {
-    labels = ReadOriginalLabels(*connection);
+std::vector<std::string> Read(IConnection& connection) {
+  if (!connection.TableExists("DataSetColumn") ||
+      ReadCount(connection, run_statement::kCountLabels) == 0) {
+    return {};
   }
-  state.has_labels = !labels.empty();
-  state.labels = std::move(labels);
+  return ReadOriginalLabels(connection);
+}
+
+void Load(DataSetLiteState& state) {
+  state.labels = Read(*ConnectionOf(state));
+  state.has_labels = !state.labels.empty();
 }
 
 void Set(DataSetLiteState& state, std::string_view labels) {
@@ -66,16 +82,20 @@ void Set(DataSetLiteState& state, std::string_view labels) {
 
 void Save(DataSetLiteState& state) {
   const Ref<IConnection> connection = ConnectionOf(state);
-  const std::string set_id = std::to_string(state.data_set_type);
+  const bool is_training = state.data_set_type == data_set_type::kTraining;
+  // Without labels there is something to do only where those of the data of before are stored.
+  const bool may_outlive_data = is_training && state.is_dirty;
+  if (!state.has_labels && (!may_outlive_data || Read(*connection).empty())) return;
+  const bool renews_records = is_training && ColumnRecords::AreOfLabels(*connection);
+  if (!state.has_labels && !renews_records) return;
+
+  const std::vector<std::string> labels =
+      state.has_labels ? state.labels : std::vector<std::string>();
   Transaction transaction(*connection);
-  connection->Execute(FillStatement(run_statement::kDeleteLabels, {{"<SET_ID>", set_id}}));
-  for (std::size_t column = 0; column < state.labels.size(); ++column) {
-    connection->Execute(FillStatement(run_statement::kInsertLabel,
-                                      {{"<SET_ID>", set_id},
-                                       {"<COLUMN>", std::to_string(column)},
-                                       {"<LABEL>", Doubled(PlainLabel(state.labels[column]))}}));
-  }
+  Store(*connection, state.data_set_type, labels);
+  const bool has_records = renews_records && ColumnRecords::Renew(*connection, labels.size());
   transaction.Commit();
+  state.wrote_column_records = has_records;
 }
 
 }  // namespace tslm5::RunLabels

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "datasetlite/column_records.h"
 #include "datasetlite/run_labels.h"
 #include "storage/run_statements.h"
 #include "storage/transaction.h"
@@ -39,6 +40,7 @@ void TakeTable(DataSetLiteState& state, Ref<TableLite> table) {
   state.cached_columns = table->Columns();
   state.table = std::move(table);
   state.statistics.Empty();
+  state.is_dirty = true;
 }
 
 bool HasTestingTable(IConnection& connection) {
@@ -106,10 +108,16 @@ void RenameTrainingLabels(DataSetLiteState& state) {
 void SaveColumnData(DataSetLiteState& state) {
   const Ref<IConnection> connection = ConnectionOf(state);
   Transaction transaction(*connection);
+  // Those that `Save` made of the same labels are no other columns.
+  if (state.wrote_column_records && ColumnRecords::AreOfLabels(*connection)) {
+    connection->Execute(run_statement::kDeleteColumns);
+  }
   connection->Execute(run_statement::kFillColumnsFromLabels);
   connection->Execute(run_statement::kMarkLastColumnAsResponse);
-  LoadColumnFlags(state);
+  ColumnFlags flags = ReadColumnFlags(*connection);
   transaction.Commit();
+  state.Take(std::move(flags));
+  state.wrote_column_records = false;
 }
 
 bool Reset(DataSetLiteState& state) {

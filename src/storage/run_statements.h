@@ -68,6 +68,11 @@ inline constexpr std::string_view kFillColumnsFromLabels =
     "DataSetLabels WHERE SetId = 1";
 inline constexpr std::string_view kMarkLastColumnAsResponse =
     "UPDATE DataSetColumn SET IsResponse = 1 WHERE Id = (SELECT max(Id) FROM DataSetColumn)";
+inline constexpr std::string_view kCountTellingColumns =
+    "SELECT COUNT(*) FROM DataSetColumn c LEFT JOIN DataSetLabels l ON l.SetId = 1 AND l.[column] "
+    "= c.ColumnIndex WHERE l.label IS NOT c.OriginalLabel OR c.Name IS NOT 'd' || c.ColumnIndex OR "
+    "c.IsNominal IS NOT 0 OR c.MissingCount IS NOT 0 OR c.IsResponse IS NOT (c.Id = (SELECT "
+    "max(Id) FROM DataSetColumn))";
 inline constexpr std::string_view kInsertLagColumn =
     "INSERT INTO DataSetColumn VALUES(NULL, <COLUMN>, 'd<COLUMN>', 't_<LAG>', 0,0,0, 0)";
 inline constexpr std::string_view kInsertResponseColumn =

@@ -2,6 +2,9 @@
 // its cells in table_lite_cells.cpp, its interfaces in table_lite_facets.cpp.
 #include "storage/table_lite.h"
 
+#include <exception>
+#include <utility>
+
 #include "storage/restore_guard.h"
 #include "storage/run_statements.h"
 #include "storage/run_tables.h"
@@ -110,17 +113,25 @@ void TableLite::ClearCopy() {
 }
 
 bool TableLite::LoadRecordSet() {
+  Ref<IRecordSet> opened;
+  if (TableIsThere()) {
+    opened = Connection()->OpenRecordSet(
+        FillStatement(run_statement::kSelectTable, {{"<TABLE>", Name()}}));
+  }
   Dispose(true);
-  if (!TableIsThere()) return false;
-  record_set_ = Connection()->OpenRecordSet(
-      FillStatement(run_statement::kSelectTable, {{"<TABLE>", Name()}}));
-  return true;
+  record_set_ = std::move(opened);
+  return static_cast<bool>(record_set_);
 }
 
 bool TableLite::Load(const Variant& pRunPath, const Variant& pParams) {
+  RestoreGuard service(connection_service_);
+  RestoreGuard type_code(type_code_);
   connection_service_ = pRunPath.ToObject();
   type_code_ = pParams.ToInteger();
-  return LoadRecordSet();
+  const bool is_there = LoadRecordSet();
+  service.Keep();
+  type_code.Keep();
+  return is_there;
 }
 
 bool TableLite::Save() {
@@ -128,7 +139,7 @@ bool TableLite::Save() {
   try {
     record_set_->Update();
     return true;
-  } catch (const Error&) {
+  } catch (const std::exception&) {
     return false;
   }
 }

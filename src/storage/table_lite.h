@@ -84,15 +84,21 @@ class TableLite final : public FacetOwner {
   /// The row's data cells, each followed by `pSeparator`; "NULL" for a missing one; "" for an
   /// absent row.
   std::string GetRow(std::int32_t pRow, std::string_view pSeparator);
-  /// Opens the record set anew, writing what is pending; false when there is no such table.
+  /// Opens the record set anew, writing what is pending; false when there is no such table. The old
+  /// one stays open when an error is raised.
   bool LoadRecordSet();
 
   std::int32_t TypeCode() const { return type_code_; }
   std::int32_t Advise(IUnknown* sink) { return sinks_.Advise(sink); }
   void Unadvise(std::int32_t cookie) { sinks_.Unadvise(cookie); }
 
+  /// Takes over the connection service and the type code, and opens the record set; an error leaves
+  /// all three as they were.
   bool Load(const Variant& pRunPath, const Variant& pParams);
+  /// Writes the pending changes; false when no record set is open, or they cannot be written.
   bool Save();
+  /// False only when changes are pending that cannot be written.
+  bool SaveIfOpen() { return !record_set_ || Save(); }
   Ref<TableLite> Clone(std::int32_t pSetType);
   void Dispose(bool pIsDisposing);
 

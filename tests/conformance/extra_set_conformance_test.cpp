@@ -51,11 +51,16 @@ TEST_P(ExtraSetConformance, RaisesOutsideItself) {
   }
 }
 
-TEST_P(ExtraSetConformance, StaysThroughALoadOfTheData) {
+TEST_P(ExtraSetConformance, EndsWithItsData) {
   Fill();
   Parse("7,8\n");
-  EXPECT_TRUE(extra_->Exists());
-  EXPECT_EQ(extra_->GetItem(0, 0), 10);
+  EXPECT_FALSE(extra_->Exists());
+  EXPECT_EQ(extra_->Rows(), 0);
+  EXPECT_EQ(RaisedNumber([&] { extra_->GetItem(0, 0); }), Means().absent_extra_cell_error);
+  Fill();
+  set_->Clear();
+  EXPECT_FALSE(extra_->Exists());
+  EXPECT_EQ(extra_->Rows(), 0);
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ TEST_F(DataSetLiteClear, LeavesOtherTablesAlone) {
   set_.Load(run_, 2);
   set_->Clear();
   EXPECT_EQ(run_.TableRows("TrainingSet"), (Lines{"7|8|1"}));
-  EXPECT_EQ(set_.As<IExtraSet>()->Rows(), 1);
+  EXPECT_EQ(run_.TableRows("TimeSeriesTestingSet"), (Lines{"9|1"}));
 }
 
 TEST_F(DataSetLiteClear, MayComeTwiceAndWithoutATable) {

@@ -85,12 +85,6 @@ TEST_F(DataSetLiteExtraSet, HasNoRowsWhenItsTableIsGone) {
   EXPECT_EQ(extra_->Columns(), 0);
 }
 
-TEST_F(DataSetLiteExtraSet, StaysThroughALoadOfTheMainTable) {
-  Parse("7,8\n");
-  EXPECT_TRUE(extra_->Exists());
-  EXPECT_EQ(extra_->GetItem(0, 0), 10.0);
-}
-
 TEST_F(DataSetLiteExtraSet, EndsWhenItsTableBecomesTheMainOne) {
   ParseFile(set_, File("7,8\n"), {.type = 5});
   EXPECT_FALSE(extra_->Exists());

@@ -5,7 +5,10 @@
 #include <initializer_list>
 
 #include "datasetlite/lite_set.h"
+#include "tslm5/contracts/deployment_data_set.h"
 #include "tslm5/contracts/extra_set.h"
+#include "tslm5/contracts/lr_services.h"
+#include "tslm5/contracts/nominal_metadata.h"
 
 namespace tslm5 {
 namespace {
@@ -109,21 +112,72 @@ TEST_F(DataSetLiteLoad, OfAnotherRunLeavesNothingOfTheFirst) {
   EXPECT_EQ(run_.TableRows("TrainingSet"), (Lines{"1|2|1"})) << "the first run is untouched";
 }
 
-TEST_F(DataSetLiteLoad, OfAnotherRunThatFailsForgetsTheFiguresOfTheFirst) {
+TEST_F(DataSetLiteLoad, OfAnotherRunThatFailsLeavesTheSetAsItWas) {
   Store("1,2\n", data_set_type::kTraining);
+  Store("7\n", data_set_type::kTimeSeriesTesting);
+  AddColumn(0, "age");
+  AddColumn(1, "height", true);
+  run_.Execute("UPDATE DataSetColumn SET IsNominal = 1, MissingCount = 2 WHERE ColumnIndex = 0");
   const LiteSet set;
   set.Load(run_, data_set_type::kTraining);
   set->CalculateStatistics(nullptr);
-  ASSERT_EQ(set->GetMax(0, 0, 0), 1.0);
+  set->SetProperty("1", "k");
+  const Lines before = set.Everything();
 
   const TestRun damaged;
   CreateRunTables(*damaged.Connection());
-  ParseFile(LiteSet(damaged, 1), File("70,80\n"));
+  ParseFile(LiteSet(damaged, 2), File("70,80\n"), {.type = 2});
   damaged.Execute("DROP TABLE DataSetColumn");
-  damaged.Execute("CREATE TABLE DataSetColumn (Id INTEGER)");
-  EXPECT_EQ(RaisedNumber([&] { set.Load(damaged, data_set_type::kTraining); }), 1);
-  EXPECT_EQ(set->GetMax(0, 0, 0), 70.0);
-  EXPECT_EQ(set->GetGlobalCentroid(0), 0.0);
+  damaged.Execute("CREATE TABLE DataSetColumn (Id INTEGER, Name TEXT, OriginalLabel TEXT)");
+  EXPECT_EQ(RaisedNumber([&] { set.Load(damaged, data_set_type::kTesting); }), 1);
+  EXPECT_EQ(set.Everything(), before);
+  EXPECT_EQ(set.As<IExtraSet>()->GetItem(0, 0), 7.0);
+  EXPECT_TRUE(set.As<INominalDataSetMetadata>()->GetIsCategorical(0));
+  EXPECT_TRUE(set.As<IDeploymentDataSet>()->HasMissingValues(0));
+  EXPECT_EQ(set->GetMax(0, 0, 0), 1.0);
+  EXPECT_EQ(set->GetGlobalCentroid(0), 1.0);
+  const Variant names = set.As<INominalDataSetMetadata>()->GetCategoricalNames();
+  EXPECT_EQ(names.ToMap()->Entries().size(), 1U) << "the run of before tells";
+}
+
+/// Makes each statement of a load fail in turn.
+TEST_F(DataSetLiteLoad, ThatFailsAtAnyStatementLeavesTheSetAsItWas) {
+  Store("1,2\n", data_set_type::kTraining);
+  Store("7\n", data_set_type::kTimeSeriesTesting);
+  AddColumn(0, "age");
+  const TestRun other;
+  CreateRunTables(*other.Connection());
+  ParseFile(LiteSet(other, 2), File("3,4,5\n6,7,8\n"), {.type = 2});
+  other.Execute("INSERT INTO DataSetColumn VALUES (NULL, 0, 'd0', 'x', 0, 0, 0, 0)");
+  const LiteSet set;
+  set.Load(run_, data_set_type::kTraining);
+  const Lines before = set.Everything();
+  std::size_t failures = 0;
+  for (;; ++failures) {
+    other.Log().FailAt(failures + 1, Error(4711, "Test", "it fails"));
+    const std::int32_t number = RaisedNumber([&] { set.Load(other, data_set_type::kTesting); });
+    other.Log().before = nullptr;
+    if (number == 0) break;
+    ASSERT_EQ(number, 4711);
+    ASSERT_EQ(set.Everything(), before) << "statement " << failures + 1;
+    ASSERT_EQ(set.As<IExtraSet>()->Rows(), 1) << "statement " << failures + 1;
+  }
+  EXPECT_GT(failures, 3U) << "the table, the labels, the flags";
+  EXPECT_EQ(set.Records(), (Lines{"3,4,5", "6,7,8"}));
+}
+
+TEST_F(DataSetLiteLoad, OfNoTableLeavesASetAsOneThatWasOnlyAttached) {
+  const LiteSet set;
+  ASSERT_FALSE(set.Load(run_, data_set_type::kTraining));
+  EXPECT_FALSE(set.Save(run_, data_set_type::kTraining));
+  EXPECT_FALSE(set.As<ILRServices>()->IsBinary());
+  const LiteSet clone(set.As<ICloneableEx>()->Clone(data_set_type::kTesting));
+  EXPECT_EQ(clone->DataSetType(), 2);
+  EXPECT_EQ(clone->Rows(), 0);
+  EXPECT_FALSE(clone->IsReady());
+  EXPECT_TRUE(run_.ColumnNames("TestingSet").empty()) << "an empty clone has no table";
+  ParseFile(set, File("1,2\n"));
+  EXPECT_EQ(set.Records(), (Lines{"1,2"}));
 }
 
 TEST_F(DataSetLiteLoad, OfAnotherRunAsksForTheColumnCountAnew) {

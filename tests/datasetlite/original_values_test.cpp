@@ -62,6 +62,18 @@ TEST_F(DataSetLiteOriginalValues, AreNullWhereTheRecordHasNone) {
   EXPECT_EQ(set_->GetRowOriginalValue(1, 1), Variant(Null{}));
 }
 
+TEST_F(DataSetLiteOriginalValues, AreEmptyWhereTheRunHasNoTexts) {
+  const TestRun run;
+  CreateRunTables(*run.Connection());
+  const LiteSet set(run, 1);
+  ParseFile(set, File("a,b\n1,2\n"), {.has_labels = true});
+  set.Save(run, 1);
+  for (const std::int32_t column : {0, 1, -1}) {
+    EXPECT_TRUE(set->GetRowOriginalValue(0, column).IsEmpty()) << column;
+    EXPECT_TRUE(set->GetRowOriginalValueByRecordId(1, column).IsEmpty()) << column;
+  }
+}
+
 TEST_F(DataSetLiteOriginalValues, RaiseForAnAbsentRow) {
   const Error error = Raised([&] { set_->GetRowOriginalValue(2, 0); });
   EXPECT_EQ(error.Number(), 41011);

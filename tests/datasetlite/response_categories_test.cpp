@@ -175,6 +175,22 @@ TEST_F(ResponseCategories, OfOneCodeAreNotMerged) {
   EXPECT_EQ(Training("d2"), (Lines{"0", "1", "0", "2"}));
 }
 
+TEST_F(ResponseCategories, OfASetWithoutDataAreNotAnalysed) {
+  // The first column, coded so that it could pass, would be taken for the response.
+  Execute("UPDATE DataSetColumnCategories SET NumericValue = 1 WHERE NominalValue = 'blue'");
+  const LiteSet not_loaded(run_, data_set_type::kTraining);
+  set_.As<IDisposable>()->Dispose(true);
+  const LiteSet* const sets[] = {&not_loaded, &set_};
+  for (const LiteSet* set : sets) {
+    const Error error =
+        Raised([&] { set->As<INominalDataSetMetadata>()->AnalyseResponseCategories(message_); });
+    EXPECT_EQ(error.Number(), error_number::kInvalidData);
+    EXPECT_EQ(error.Source(), "AnalyseResponseCategories");
+    EXPECT_EQ(error.Description(), "The set has no data, so its response is not known.");
+  }
+  EXPECT_EQ(message_, "");
+}
+
 TEST_F(ResponseCategories, OfASetWithoutDataAreNotMerged) {
   // The first column would be taken for the response of a set without columns.
   Execute("UPDATE DataSetColumnCategories SET NumericValue = 1 WHERE NominalValue = 'blue'");

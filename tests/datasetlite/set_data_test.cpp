@@ -178,12 +178,18 @@ TEST_F(DataSetLiteSetData, PutsTheExtraSetIntoTheExtraTable) {
   EXPECT_EQ(again.As<IExtraSet>()->Rows(), 3);
 }
 
-TEST_F(DataSetLiteSetData, LeavesTheExtraTableAloneWithoutOne) {
-  const MemorySet source("1,2");
-  AddExtraSet(source, {10});
+TEST_F(DataSetLiteSetData, BringsNoSamplesOfASeriesThatItsSourceNoLongerHolds) {
+  const MemorySet source;
+  source.Parse("1\n2\n3\n4", {.separator = separator_code::kNone});
+  source->SetProperty("1", "TestingSamples");
+  source->SetProperty("1", "EmbeddingDimension");
+  source->SetProperty("1", "DelayTime");
+  ASSERT_TRUE(source->FormatDataAs(0));
+  source.Parse("5,6\n7,8");
   ASSERT_TRUE(SetData(source));
-  ASSERT_TRUE(SetData(MemorySet("3,4")));
-  EXPECT_EQ(set_.As<IExtraSet>()->GetItem(0, 0), 10);
+  EXPECT_EQ(set_.Records(), (Lines{"5,6", "7,8"}));
+  EXPECT_FALSE(set_.As<IExtraSet>()->Exists());
+  EXPECT_FALSE(run_.Connection()->TableExists("TimeSeriesTestingSet"));
 }
 
 TEST_F(DataSetLiteSetData, RefusesAnExtraSetForTheVeryTableOfTheRecords) {

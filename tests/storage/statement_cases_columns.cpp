@@ -35,6 +35,11 @@ std::vector<StatementCase> ColumnStatements() {
        "SELECT Name, OriginalLabel FROM DataSetColumn WHERE IsNominal = 1 ORDER BY Id"},
       {"kCountLabels", std::string(kCountLabels),
        "SELECT COUNT(*) FROM DataSetColumn WHERE Name <> OriginalLabel"},
+      {"kCountTellingColumns", std::string(kCountTellingColumns),
+       "SELECT COUNT(*) FROM DataSetColumn c LEFT JOIN DataSetLabels l ON l.SetId = 1 AND "
+       "l.[column] = c.ColumnIndex WHERE l.label IS NOT c.OriginalLabel OR c.Name IS NOT 'd' || "
+       "c.ColumnIndex OR c.IsNominal IS NOT 0 OR c.MissingCount IS NOT 0 OR c.IsResponse IS NOT "
+       "(c.Id = (SELECT max(Id) FROM DataSetColumn))"},
   };
 }
 

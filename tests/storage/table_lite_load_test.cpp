@@ -83,12 +83,20 @@ TEST(TableLiteLoad, OfWhatIsNoRunRaises) {
   EXPECT_EQ(RaisedNumber([&table] { table->Load(Variant("run.db"), 1); }), 13);
 }
 
-TEST(TableLiteLoad, OtherErrorsPass) {
+TEST(TableLiteLoad, ThatRaisesLeavesTheTableOfBefore) {
   const TestRun run;
+  run.Filled(2, {"5 6", "7 8"}, 2);
   const Ref<TableLite> table = run.Filled(1, {"1"});
-  run.Log().FailAt(1, Error(11, "TSLMRep5", "database disk image is malformed"));
+  const Error damage(11, "TSLMRep5", "database disk image is malformed");
+  run.Log().FailAt(1, damage);
   EXPECT_EQ(RaisedNumber([&table] { table->LoadRecordSet(); }), 11);
-  EXPECT_EQ(table->Rows(), 0);
+  EXPECT_EQ(table->Rows(), 1);
+  run.Log().FailAt(1, damage);
+  EXPECT_EQ(RaisedNumber([&] { table->Load(Variant(run.Service()), 2); }), 11);
+  EXPECT_EQ(RaisedNumber([&] { table->Load(Variant(MakeObject<OneFace>()), 2); }), 41001);
+  EXPECT_EQ(table->Name(), "TrainingSet");
+  EXPECT_EQ(table->Rows(), 1);
+  EXPECT_TRUE(table->LoadRecordSet()) << "and its connection";
 }
 
 TEST(TableLiteLoadRecordSet, OfATableThatWentIsFalse) {

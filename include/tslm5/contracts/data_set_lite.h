@@ -21,7 +21,8 @@ class IDataSetLite : public IUnknown {
   /// The same as `ITimeSeriesChanges::UndoReset`.
   virtual void UndoCopy() = 0;
   /// Adds a column record for every label that the run keeps under set id 1, to those that are
-  /// there, and marks the record with the highest key as the response. The argument is not used.
+  /// there, and marks the record with the highest key as the response. Records that this object's
+  /// `Save` made of the same labels are replaced, not doubled. The argument is not used.
   virtual void SaveTimeSeriesDataSetColumnData(std::int32_t pTimeSeriesMissingCount) = 0;
   /// One of "Average", "StandardDeviation", "Minimum", "Maximum" of a column.
   virtual double GetMissingStatisticsValue(std::int32_t pColumnIndex, std::string_view pType) = 0;

@@ -8,7 +8,8 @@
 
 namespace tslm5 {
 
-/// An extra block of numeric columns kept beside the data: the testing part of a time series.
+/// An extra block of numeric columns kept beside the data: the testing part of a time series. It
+/// ends with its data: a load of other data, `SetData` and `Clear` leave the set without one.
 /// Column before row, both zero-based. Caller's thread only.
 class IExtraSet : public IUnknown {
  public:
@@ -26,7 +27,8 @@ class IExtraSet : public IUnknown {
   /// key. An absent cell raises 41001, or 9 in an `InMemorySet`.
   virtual double GetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex) = 0;
   /// Writes one cell; not a number makes it missing. What is absent raises as in `GetItem`, and so
-  /// does the key.
+  /// does the key. The cells of a `DataSetLite` reach the run with its next statement, at
+  /// `IPersistable::Save` at the latest; a run that can only be read raises 8.
   virtual void SetItem(std::int32_t pColumnIndex, std::int32_t pRowIndex, double pValue) = 0;
   /// As `IVectorize::Vectorize`, of the extra block; its errors' source is "IExtraSet_Vectorize".
   virtual void Vectorize(std::int32_t pColumnIndex, VariantArray& pArray, std::int32_t pStart,

@@ -14,16 +14,21 @@ class IPersistable : public IUnknown {
   /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d3500001aULL, 0x8a1f4c0b6d2e731aULL};
 
-  /// Writes what is pending, and the labels under the type code. `pRunPath` holds the run object
-  /// (type name "Run") or the path of an existing file, with which the object keeps the run that it
-  /// has; `pParams` the dataset type code. False, and nothing is done, when there is no data;
-  /// always for an `OriginalDataSet`. Raises 41001 for another `pRunPath` or no type code; -10000
-  /// in an `InMemorySet`, which lives in no run.
+  /// Writes the pending cells, those of the extra set too, and the labels under the type code;
+  /// those of a training set (type 1) also as the run's column records, from which `Load` reads
+  /// them, unless the application keeps column records that say more than labels. `pRunPath` holds
+  /// the run object (type name "Run") or the path of an existing file, with which the object keeps
+  /// the run that it has; `pParams` the dataset type code. False when there is no data (pending
+  /// cells of the extra set have been written), and when a pending cell cannot be written (no label
+  /// has been written); always for an `OriginalDataSet`. Raises 41001 for another `pRunPath` or no
+  /// type code, and what the engine raises while the labels are written, which is all or nothing;
+  /// -10000 in an `InMemorySet`, which lives in no run.
   virtual bool Save(const Variant& pRunPath, const Variant& pParams) = 0;
   /// Attaches the object to the run's set of the type in `pParams`, with the arguments of `Save`.
-  /// False when the run has no such set: the object is attached all the same. An `InMemorySet` does
-  /// nothing and gives false; an `OriginalDataSet` opens all records and gives true. Raises 41001
-  /// as `Save`, and for a path without a run to go on with.
+  /// False when the run has no such set: the object is attached all the same, without data, as by
+  /// `IConstructor::Init`. An `InMemorySet` does nothing and gives false; an `OriginalDataSet`
+  /// opens all records and gives true. Raises 41001 as `Save`, for a path without a run to go on
+  /// with, and what the engine raises; a `DataSetLite` is as it was then.
   virtual bool Load(const Variant& pRunPath, const Variant& pParams) = 0;
 
  protected:

@@ -35,7 +35,7 @@ class INominalDataSetMetadata : public IUnknown {
                               const Variant& pValue) = 0;
   /// Whether the response can be used as a binary one: two codes, one of them of a single nominal
   /// value. `pMessage` receives the reason if not, and is left as it came otherwise. Raises 13 when
-  /// a category has no code beside two that have.
+  /// a category has no code beside two that have, 41011 when the set has no data.
   virtual bool AnalyseResponseCategories(std::string& pMessage) = 0;
   /// As the run said when the set got its data or its column records; false for an unknown column.
   virtual bool GetIsCategorical(std::int32_t pColumnIndex) = 0;
