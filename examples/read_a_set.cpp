@@ -1,4 +1,4 @@
-// Loads a comma-separated file into a new run and reads the set back.
+// Loads a comma-separated file into a new run, reads the set, saves it and opens it again.
 //
 //     read_a_set FILE RUN.db
 //
@@ -39,6 +39,7 @@ void LoadAndPrint(const std::string& file, const std::string& path) {
   set.As<IConnectionPoint>()->Advise(events.get());
   set->Parse(file, separator_code::kComma, /*pHasLabels=*/true, data_set_type::kTraining,
              layout_code::kRecordsInRows);
+  // Until here the labels are in the set alone.
   set.As<IPersistable>()->Save(Variant(run), Variant(data_set_type::kTraining));
 
   // The set: columns come before rows, both count from 0, and the last column is the response.
@@ -47,6 +48,20 @@ void LoadAndPrint(const std::string& file, const std::string& path) {
     for (std::int32_t row = 0; row < set->Rows(); ++row) sum += set->GetItem(column, row);
     std::printf("%s: mean %.3f\n", set->GetLabel(column).c_str(), sum / set->Rows());
   }
+}
+
+/// What anybody finds who opens the run later.
+void Reopen(const std::string& path) {
+  using namespace tslm5;
+  RunOptions options;
+  options.mode = RunOptions::Mode::kReadOnly;
+  const auto set = CreateObject<IDataSet>(class_id::kDataSetLite);
+  set.As<IPersistable>()->Load(Variant(OpenRun(path, options)), Variant(data_set_type::kTraining));
+  std::printf("opened again: %d rows,", set->Rows());
+  for (std::int32_t column = 0; column < set->Columns(); ++column) {
+    std::printf(" %s", set->GetLabel(column).c_str());
+  }
+  std::printf("\n");
 }
 
 }  // namespace
@@ -58,6 +73,7 @@ int main(int argc, char** argv) {
   }
   try {
     LoadAndPrint(argv[1], argv[2]);
+    Reopen(argv[2]);
     return 0;
   } catch (const tslm5::Error& error) {
     std::fprintf(stderr, "error %d: %s\n", error.Number(), error.what());

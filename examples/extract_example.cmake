@@ -1,0 +1,11 @@
+# Puts the first C++ block of DOCUMENT into FRAME, at its @EXAMPLE@, and writes PROGRAM.
+file(READ "${DOCUMENT}" text)
+string(FIND "${text}" "```cpp\n" begin)
+if(begin EQUAL -1)
+  message(FATAL_ERROR "${DOCUMENT} has no C++ block")
+endif()
+math(EXPR begin "${begin} + 7")
+string(SUBSTRING "${text}" ${begin} -1 text)
+string(FIND "${text}" "```" end)
+string(SUBSTRING "${text}" 0 ${end} EXAMPLE)
+configure_file("${FRAME}" "${PROGRAM}" @ONLY)
