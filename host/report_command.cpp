@@ -12,6 +12,8 @@
 #include "host/report_page.h"
 #include "host/report_reading.h"
 #include "host/shown_text.h"
+#include "host/stored_text.h"
+#include "host/terminal.h"
 
 namespace tslm5::host {
 namespace {
@@ -31,6 +33,14 @@ void RunReport(const ReportOptions& options, Output& output) {
   RequireFreePlace(options.page, options.run, kReportMark, "report", options.force);
   Progress progress(Terminal::OfStandardError());
   const ReportData data = ReadReport(session, options.run, progress);
+  for (const ReportGroup& group : data.groups) {
+    for (const ReportSet& set : group.sets) {
+      if (!set.has_statistics) continue;  // its figures are of the one pass, over numbers alone
+      for (const auto& warning : WarningsOfStoredText(session, *set.name, set.labels)) {
+        Warn(warning);
+      }
+    }
+  }
   const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   const std::string time = fmt::format("{:%Y-%m-%dT%H:%M:%SZ}", fmt::gmtime(now));
   WriteWhole(options.page, ReportPage(data, time));

@@ -12,6 +12,8 @@
 #include "host/shown_text.h"
 #include "host/statistics_feedback.h"
 #include "host/stats_report.h"
+#include "host/stored_text.h"
+#include "host/terminal.h"
 
 namespace tslm5::host {
 namespace {
@@ -62,6 +64,9 @@ void RunStats(const StatsOptions& options, Output& output) {
   report.labels = LabelsOf(*data_set);
   report.columns = ReadColumnFigures(session, options.set->type);
   report.by_class = options.by_class;
+  for (const auto& warning : WarningsOfStoredText(session, *options.set, report.labels)) {
+    Warn(warning);
+  }
   if (options.by_class) report.classes = ReadClassFigures(session, options.set->type);
   if (options.json) return output.Write(StatsJson(report));
   if (isatty(STDOUT_FILENO) != 0) {

@@ -7,7 +7,7 @@ import pty
 import subprocess
 import unittest
 
-from host_case import PROGRAM, HostCase, plain_environment, query
+from host_case import PROGRAM, HostCase, change, plain_environment, query
 
 DATA = "a,b,c\n1,10,0\n2,20,1\n6,NA,1\n"
 
@@ -56,6 +56,27 @@ class StatsTest(HostCase):
         columns = self.stats()["columns"]
         self.assertIsNone(columns[0]["standardDeviation"])
         self.assertIsNone(columns[1]["centroid"])
+
+    def test_a_column_that_holds_text_is_warned_of(self):
+        self.load_with_statistics("height,weight\n0,1\n3,2\n7,3\n", "--no-stats")
+        change(self.run_path, "UPDATE TrainingSet SET d0 = 'abc' WHERE row = 1")
+        result = self.program("stats", self.run_path, "--json")
+        self.assertEqual(
+            result.stderr,
+            "tslm5: warning: height holds text in 1 cell of the training set: the mean counts a "
+            "text as 0 and the maximum is 0; medoid and deviation are of the numbers alone\n",
+        )
+        height = json.loads(result.stdout)["columns"][0]
+        self.assertTrue(math.isclose(height["centroid"], 10 / 3))
+        self.assertEqual((height["medoid"], height["minimum"], height["maximum"]), (5, 3, 0))
+        self.assertTrue(math.isclose(height["standardDeviation"], math.sqrt(8)))
+        change(self.run_path, "UPDATE TrainingSet SET d1 = 'x'")
+        report = self.program("report", self.run_path, "-o", "page.html")
+        self.assertEqual(report.returncode, 0)
+        self.assertIn("weight holds text in 3 cells of the training set", report.stderr)
+        self.assertEqual(len(report.stderr.splitlines()), 2)
+        change(self.run_path, "UPDATE TrainingSet SET d0 = 1, d1 = 2")
+        self.assertEqual(self.program("stats", self.run_path).stderr, "")
 
     def test_more_than_two_classes_have_no_figures(self):
         self.load_with_statistics("a,b\n1,1\n2,2\n3,3\n")
