@@ -96,7 +96,11 @@ std::string Message(const Finding& finding) {
     const bool is_count =
         !finding.value.empty() && std::all_of(finding.value.begin(), finding.value.end(),
                                               [](char c) { return c >= '0' && c <= '9'; });
-    message += is_count ? finding.value : "\"" + Shown(finding.value) + "\"";
+    if (is_count) {
+      message += finding.value;
+    } else {
+      message.append("\"").append(Shown(finding.value)).append("\"");
+    }
   }
   return message + wording.after;
 }

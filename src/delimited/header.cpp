@@ -31,7 +31,8 @@ Header MakeHeader(const std::vector<std::string_view>& texts, bool has_row_names
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const auto column = static_cast<std::int64_t>(i);
     const bool is_empty = texts[i].empty();
-    const std::string wanted = is_empty ? "d" + std::to_string(i) : std::string(texts[i]);
+    std::string wanted(texts[i]);
+    if (is_empty) wanted.append("d").append(std::to_string(i));
     const std::string own_key = is_empty ? std::string() : FoldKey(wanted);
     const std::string label = MakeUnique(wanted, [&](const std::string& key) {
       return !taken.contains(key) && (key == own_key || !given.contains(key));

@@ -119,8 +119,9 @@ TEST(DelimitedReader, RefusesALineThatDoesNotEnd) {
 }
 
 TEST(DelimitedReader, TakesTheWidthOfTheFirstRecordBehindManyEmptyLines) {
-  EXPECT_EQ(ReadRows(std::string(600'000, '\n') + "1,2\n", {.separator = ','}),
-            (Rows{{"n1", "n2"}}));
+  std::string text(600'000, '\n');
+  text += "1,2\n";
+  EXPECT_EQ(ReadRows(text, {.separator = ','}), (Rows{{"n1", "n2"}}));
 }
 
 TEST(DelimitedReader, CountsEmptyLinesAndTheFirstGap) {

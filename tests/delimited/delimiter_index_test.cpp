@@ -72,7 +72,8 @@ TEST(DelimiterIndex, TellsWhereAnUnclosedQuoteOpened) {
 }
 
 TEST(DelimiterIndex, StopsBeforeAQuoteInAnUnusualPlace) {
-  const std::string usual = std::string(100, 'x') + ",\"a,b\"\n";
+  std::string usual(100, 'x');
+  usual += ",\"a,b\"\n";
   std::size_t looked_at = 0;
   EXPECT_EQ(Fast(usual, {}, BestMaskWay(), looked_at), (Places{100, 106}));
   EXPECT_EQ(looked_at, usual.size());

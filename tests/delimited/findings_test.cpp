@@ -39,7 +39,9 @@ TEST(Findings, HaveANameAndWordsEach) {
 TEST(Findings, AreHeldUpToABoundAndCountedBeyondIt) {
   FindingList findings;
   for (int i = 0; i < 250; ++i) findings.Add(FindingCode::kUnevenRecord, i, -1, "1");
-  findings.Add(FindingCode::kNulByte, 9, -1, std::string(199, 'x') + "é");
+  std::string long_value(199, 'x');
+  long_value += "é";
+  findings.Add(FindingCode::kNulByte, 9, -1, long_value);
   EXPECT_EQ(findings.All().size(), FindingList::kMostOfAKind + 1);
   EXPECT_EQ(findings.Count(FindingCode::kUnevenRecord), 250);
   EXPECT_EQ(findings.First(FindingCode::kUnevenRecord)->line, 0);
