@@ -12,9 +12,9 @@ namespace tslm5 {
 [[noreturn]] void RaiseAsError();
 
 /// The boundary of an interface, where nothing but `Error` may pass: what `operation()` gives, or
-/// its failure raised by `RaiseAsError`. Every operation of an interface stands behind it, or, where
-/// it has more than one statement, behind a `try` of its whole body that ends in `RaiseAsError`;
-/// only those that read or write a plain value need none.
+/// its failure raised by `RaiseAsError`. Every operation of an interface stands behind it, or,
+/// where it has more than one statement, behind a `try` of its whole body that ends in
+/// `RaiseAsError`; only those that read or write a plain value need none.
 template <class Operation>
 inline decltype(auto) OnlyErrors(Operation&& operation) {
   try {

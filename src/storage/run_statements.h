@@ -227,8 +227,9 @@ std::string FillStatement(
     std::string_view statement,
     std::initializer_list<std::pair<std::string_view, std::string_view>> values);
 
-/// Raises 1, source `source`, where `text` holds an apostrophe: pasted into a statement it would end
-/// there and make another one of it. For texts that a caller or the run gives, before any statement.
+/// Raises 1, source `source`, where `text` holds an apostrophe: pasted into a statement it would
+/// end there and make another one of it. For texts that a caller or the run gives, before any
+/// statement.
 void RefuseApostrophe(std::string_view text, std::string_view source);
 
 /// Where `<VALUES>` stands in `kInsertRow` for a table: "INSERT INTO name VALUES (". What follows

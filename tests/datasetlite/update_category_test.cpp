@@ -135,8 +135,8 @@ TEST_F(UpdateCategory, KeepsEveryDigit) {
 
 TEST_F(UpdateCategory, RefusesAnApostropheBeforeTheFirstStatement) {
   Execute("INSERT INTO DataSetColumnCategories VALUES ('d0', 'it''s', 4, 1)");
-  for (const char* nominal : {"it's", "red'--", "red' OR 'a'='a", "red'; DELETE FROM TrainingSet; --",
-                              "'", "red' AND d0 = 'red"}) {
+  for (const char* nominal : {"it's", "red'--", "red' OR 'a'='a",
+                              "red'; DELETE FROM TrainingSet; --", "'", "red' AND d0 = 'red"}) {
     EXPECT_EQ(Refusal("d0", nominal, 5), 1) << nominal;
   }
   EXPECT_EQ(Refusal("d0' OR 'a'='a", "red", 5), 1);
