@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace tslm5::host {
 
@@ -21,13 +20,14 @@ class Output {
   void Flush();
 
   /// What the command has done already, "the load is stored": to be told whatever fails afterwards.
-  void NoteDone(std::string words) { done_ = std::move(words); }
-  const std::string& Done() const { return done_; }
+  /// A literal: short memory must not keep it from being told.
+  void NoteDone(std::string_view words) { done_ = words; }
+  std::string_view Done() const { return done_; }
 
  private:
   int descriptor_;
   std::string held_;
-  std::string done_;
+  std::string_view done_;
 };
 
 }  // namespace tslm5::host

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <new>
+#include <string_view>
 
 #include "host/command_line.h"
 #include "host/interruption.h"
@@ -14,17 +15,24 @@ namespace tslm5::host {
 namespace {
 
 ExitCode End(const Failure& failure, const Output& output) {
-  const std::string& done = output.Done();
+  const std::string_view done = output.Done();
   Complain(done.empty() ? failure.what()
                         : fmt::format("{}; {} all the same", failure.what(), done));
   return failure.Code();
 }
 
-}  // namespace
+/// As `End`, when memory is too short for making words: allocates nothing.
+ExitCode EndWithoutMemory(const Output& output) noexcept {
+  const std::string_view done = output.Done();
+  const std::string_view tail = done.empty() ? "\n" : " all the same\n";
+  for (const std::string_view words : {std::string_view("tslm5: not enough memory"),
+                                       std::string_view(done.empty() ? "" : "; "), done, tail}) {
+    (void)!::write(STDERR_FILENO, words.data(), words.size());
+  }
+  return ExitCode::kTrouble;
+}
 
-ExitCode RunProgram(int argc, const char* const* argv) {
-  CatchSignals();
-  Output output(STDOUT_FILENO);
+ExitCode RunCommand(int argc, const char* const* argv, Output& output) {
   try {
     const ExitCode code = ParseCommandLine(argc, argv).run(output);
     output.Flush();
@@ -39,6 +47,18 @@ ExitCode RunProgram(int argc, const char* const* argv) {
     return End(Failure(ExitCode::kTrouble, "not enough memory"), output);
   } catch (const std::exception& error) {
     return End(Failure(ExitCode::kTrouble, Escaped(error.what())), output);
+  }
+}
+
+}  // namespace
+
+ExitCode RunProgram(int argc, const char* const* argv) {
+  CatchSignals();
+  Output output(STDOUT_FILENO);
+  try {
+    return RunCommand(argc, argv, output);
+  } catch (const std::exception&) {  // while the words of a failure were made
+    return EndWithoutMemory(output);
   }
 }
 
