@@ -3,22 +3,10 @@
 #include <fmt/format.h>
 
 #include "host/program_words.h"
+#include "host/shell_words.h"
 
 namespace tslm5::host {
 namespace {
-
-/// `text` in single quotes for a shell.
-std::string ShellQuoted(std::string_view text) {
-  std::string quoted = "'";
-  for (const char c : text) {
-    if (c == '\'') {
-      quoted += "'\\''";
-    } else {
-      quoted += c;
-    }
-  }
-  return quoted + "'";
-}
 
 std::vector<std::string> NamesOf(const OptionWords& option) {
   std::vector<std::string> names = {option.name};
@@ -44,13 +32,13 @@ std::string BashCase(const CommandWords& command) {
     const std::string names = fmt::format("{}", fmt::join(NamesOf(option), "|"));
     if (!option.choices.empty()) {
       text += fmt::format("        {}) words={} ;;\n", names,
-                          ShellQuoted(fmt::format("{}", fmt::join(option.choices, " "))));
+                          ShellWord(fmt::format("{}", fmt::join(option.choices, " "))));
     } else {
       text += fmt::format("        {}) files=yes ;;\n", names);
     }
   }
   text += fmt::format("        *) words={}; files=yes ;;\n      esac\n      ;;\n",
-                      ShellQuoted(OptionNames(command.options)));
+                      ShellWord(OptionNames(command.options)));
   return text;
 }
 
@@ -87,7 +75,7 @@ std::string BashCompletion(const CLI::App& program) {
       "    return\n"
       "  fi\n"
       "  case \"$command\" in\n",
-      ShellQuoted(fmt::format("{} {}", fmt::join(names, " "), OptionNames(OptionsOf(program)))));
+      ShellWord(fmt::format("{} {}", fmt::join(names, " "), OptionNames(OptionsOf(program)))));
   for (const CommandWords& command : commands) text += BashCase(command);
   text +=
       "  esac\n"
@@ -108,7 +96,7 @@ std::string ZshCompletion(const CLI::App& program) {
       "  local -a commands\n"
       "  commands=(\n";
   for (const CommandWords& command : CommandsOf(program)) {
-    text += fmt::format("    {}\n", ShellQuoted(command.name + ":" + command.help));
+    text += fmt::format("    {}\n", ShellWord(command.name + ":" + command.help));
   }
   text +=
       "  )\n"
@@ -123,7 +111,7 @@ std::string ZshCompletion(const CLI::App& program) {
   for (const CommandWords& command : CommandsOf(program)) {
     text += fmt::format("    {})\n      _arguments", command.name);
     for (const OptionWords& option : command.options) {
-      text += fmt::format(" \\\n        {}", ShellQuoted(ZshArgument(option)));
+      text += fmt::format(" \\\n        {}", ShellWord(ZshArgument(option)));
     }
     text += "\n      ;;\n";
   }

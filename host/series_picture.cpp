@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "host/html_text.h"
 #include "host/value_range.h"
 
 namespace tslm5::host {
@@ -29,22 +30,6 @@ constexpr std::string_view kStyle =
     "#39414a }\n"
     "  }\n"
     "</style>\n";
-
-std::string XmlText(std::string_view text) {
-  std::string xml;
-  for (const char c : text) {
-    if (c == '&') {
-      xml += "&amp;";
-    } else if (c == '<') {
-      xml += "&lt;";
-    } else if (c == '>') {
-      xml += "&gt;";
-    } else {
-      xml += c;
-    }
-  }
-  return xml;
-}
 
 double Across(std::size_t i, std::size_t count) {
   if (count < 2) return (kLeft + kRight) / 2;
@@ -129,7 +114,7 @@ std::string SeriesPicture(const std::string& title, const std::vector<double>& v
       "<rect class=\"ground\" width=\"{0}\" height=\"{1}\"/>\n"
       "<text class=\"ink\" x=\"{4}\" y=\"28\">{2}</text>\n{5}"
       "<path class=\"line\" d=\"{6}\"/>\n</svg>\n",
-      kWidth, kHeight, XmlText(title), kStyle, kLeft, Grid(range, values.size()),
+      kWidth, kHeight, HtmlText(title), kStyle, kLeft, Grid(range, values.size()),
       Path(values, range), kPictureMark);
 }
 
