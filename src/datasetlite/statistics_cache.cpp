@@ -7,7 +7,7 @@
 namespace tslm5 {
 
 Variant StatisticsCache::Key(std::int32_t column) {
-  return "d" + std::to_string(column);
+  return std::string("d").append(std::to_string(column));
 }
 
 void StatisticsCache::EnsureRead(IConnection& connection, std::int32_t data_set_id) {
