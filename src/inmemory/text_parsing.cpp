@@ -61,7 +61,8 @@ void KeepFirstFields(std::string& text, std::string_view separator) {
   if (separator == " ") {
     SharedFunctions::MergeRepeats(separator, text);
     DropLeadingBlanks(text);
-  } else if (!separator.empty() && text.find("\n" + std::string(separator)) != std::string::npos) {
+  } else if (!separator.empty() &&
+             text.find(std::string("\n").append(separator)) != std::string::npos) {
     std::string kept;
     kept.reserve(text.size() + text.size() / 8);
     for (const char c : text) {
