@@ -50,7 +50,8 @@ void Load(OriginalDataState& state, IConnection& connection) {
 }
 
 std::string ShortName(const OriginalDataState& state, std::int32_t column) {
-  return column == state.cells.Columns() - 1 ? "y" : "d" + std::to_string(column);
+  if (column == state.cells.Columns() - 1) return "y";
+  return std::string("d").append(std::to_string(column));
 }
 
 std::string LongLabel(const OriginalDataState& state, std::int32_t column) {
