@@ -15,7 +15,8 @@ TEST(NearestTexts, DistanceCountsCharacters) {
 }
 
 TEST(NearestTexts, DistanceLooksAtTheBeginningOfLongTexts) {
-  EXPECT_EQ(EditDistance(std::string(60, 'a') + "b", std::string(60, 'a') + "ccc"), 0u);
+  const std::string beginning(60, 'a');
+  EXPECT_EQ(EditDistance(beginning + "b", beginning + "ccc"), 0u);
 }
 
 TEST(NearestTexts, ListsTheNearestFirst) {
