@@ -56,7 +56,7 @@ std::string ShortName(const OriginalDataState& state, std::int32_t column) {
 
 std::string LongLabel(const OriginalDataState& state, std::int32_t column) {
   std::string name = ShortName(state, column);
-  if (state.is_relabelled) name += ":" + ElementOf(state.labels, column);
+  if (state.is_relabelled) name.append(":").append(ElementOf(state.labels, column));
   return name;
 }
 
