@@ -37,9 +37,9 @@ TEST(OnlyErrors, RaisesAFailedAllocationAsOutOfMemory) {
   };
   EXPECT_EQ(raised([] { throw std::bad_alloc(); }), 7);
   EXPECT_EQ(raised([] { throw std::bad_array_new_length(); }), 7);
-  const std::size_t too_many = std::vector<int>().max_size() + 1;
-  EXPECT_EQ(raised([too_many] { std::vector<int>().reserve(too_many); }), 7);
-  EXPECT_EQ(raised([too_many] { std::string().reserve(too_many * 4); }), 7);
+  static const std::size_t too_many = std::vector<int>().max_size() + 1;
+  EXPECT_EQ(raised([] { std::vector<int>().reserve(too_many); }), 7);
+  EXPECT_EQ(raised([] { std::string().reserve(too_many * 4); }), 7);
 }
 
 TEST(OnlyErrors, RaisesAnythingElseAs51WithItsWords) {
