@@ -12,6 +12,7 @@
 #include "host/run_change.h"
 #include "host/shown_text.h"
 #include "tslm5/contracts/nominal_metadata.h"
+#include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
@@ -90,7 +91,7 @@ void EncodeResponse(const RunSession& session, const Ref<IDataSet>& data_set,
   try {
     data_set.As<INominalDataSetMetadata>()->UpdateMergingResponseCategories();
   } catch (const Error& error) {
-    if (!IsRefusedStatement(error)) throw;
+    if (error.Number() != error_number::kBrokenStatement) throw;
     for (const CodedCategory& one : response.categories) {
       RefuseApostrophe("the class", one.value);
     }

@@ -125,6 +125,13 @@ void JoinLineEnds(std::string& text) {
   text.resize(to);
 }
 
+/// Whether the lines end at carriage returns alone, but for a line feed at the end of the text.
+bool EndsLinesAtReturnsAlone(std::string_view text) {
+  if (text.find('\n') == std::string_view::npos) return text.find('\r') != std::string_view::npos;
+  const std::string_view lines = text.substr(0, text.find_last_not_of("\r\n") + 1);
+  return lines.find('\r') != std::string_view::npos && lines.find('\n') == std::string_view::npos;
+}
+
 }  // namespace
 
 TextSource::TextSource(const std::string& path) : name_(path) {
@@ -168,12 +175,9 @@ void TextSource::TakeText() {
   std::string text = DecodeText(std::string(bytes), &broken_);
   memory_ = std::make_unique<MemoryFile>();  // the bytes as they were are not needed any more
   FindNul(text);
-  has_returns_alone_ = text.find('\n') == std::string::npos && text.find('\r') != std::string::npos;
-  if (has_returns_alone_) {
-    std::replace(text.begin(), text.end(), '\r', '\n');
-  } else {
-    JoinLineEnds(text);
-  }
+  JoinLineEnds(text);
+  has_returns_alone_ = EndsLinesAtReturnsAlone(text);
+  if (has_returns_alone_) std::replace(text.begin(), text.end(), '\r', '\n');
   memory_->Append(kUtf8Mark);  // a text may begin with the same character
   memory_->Append(text);
   memory_->Seal();

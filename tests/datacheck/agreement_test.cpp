@@ -68,7 +68,8 @@ RandomFile TinyFile(std::mt19937& random) {
   constexpr std::string_view kAny("12 ,;|\t\n\r.-+eEa\0'?", 19);
   RandomFile file;
   file.separator = static_cast<std::int32_t>(random() % 6) - 1;
-  const char separator = file.separator < 0 ? '\n' : kSeparatorOf[file.separator];
+  const char separator =
+      file.separator < 0 ? '\n' : kSeparatorOf[static_cast<std::size_t>(file.separator)];
   file.has_labels = random() % 3 == 0;
   if (file.has_labels) file.text = std::string("a") + separator + "b\n";
   const auto oddity = 4 + random() % 40;  // how rare odd characters are

@@ -159,5 +159,12 @@ TEST(TextSource, TellsOfCarriageReturnsAlone) {
                                      "as a line end"});
 }
 
+TEST(TextSource, TakesCarriageReturnsAloneBeforeOneLineFeedAtTheEnd) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(TextSource(folder.Write("c", "a\r1\n")).Text(), "a\n1\n");
+  EXPECT_EQ(TextSource(folder.Write("d", "a\r1\r\n")).Text(), "a\n1\n");
+  EXPECT_EQ(TextSource(folder.Write("e", "a\r1\n2\n")).Text(), "a\r1\n2\n");
+}
+
 }  // namespace
 }  // namespace tslm5::host
