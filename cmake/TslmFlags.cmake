@@ -35,6 +35,11 @@ endif()
 set(TSLM5_HOST_OPTIONS "$<$<CONFIG:Release>:-O2>")
 set(TSLM5_TEST_OPTIONS "$<$<CONFIG:Release>:-O1>")
 
+if(TSLM5_FUZZ)
+  target_compile_options(tslm5_flags INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(tslm5_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 find_program(TSLM5_CCACHE ccache)
 if(TSLM5_CCACHE)
   # Without these, ccache stores nothing that uses a precompiled header or is of the same second.
