@@ -23,8 +23,12 @@ bool FailsNow() {
 
 }  // namespace
 
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return FailsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+
 void* operator new(std::size_t size) {
-  void* const block = FailsNow() ? nullptr : std::malloc(size == 0 ? 1 : size);
+  void* const block = operator new(size, std::nothrow);
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }

@@ -84,9 +84,9 @@ class RefusalTest(HostCase):
 
     def test_a_lone_carriage_return_among_line_feeds(self):
         self.refused(
-            "there are no records: 1 lines, 1 of them the label line and 0 empty; a carriage "
+            "there are no records: 2 lines, 1 of them the label line and 1 empty; a carriage "
             "return alone does not end a line",
-            "a,b\r1,2\r3,4\r\n",
+            "a,b\r1,2\r3,4\r\n \n",
         )
 
     def test_a_line_without_an_end(self):

@@ -166,6 +166,8 @@ class TroubleTest(HostCase):
             if result.returncode == 0:
                 break
             self.assertRegex(result.stderr, r"^tslm5: [^\n]*memory[^\n]*\n$")
+        if not codes:
+            self.skipTest("the program's own address space is past every limit")
         self.assertEqual(codes[-1], 0)
         self.assertGreater(codes.count(3), 3)
 
