@@ -79,12 +79,25 @@ void RequireLength(const EmbedOptions& options, std::int32_t rows) {
                   rows, options.dimension, options.delay, testing, needed));
 }
 
+/// Writes how many cells of each column are missing, counted in one scan of the training set.
 void CountMissing(const RunSession& session, std::int32_t columns) {
+  std::string counts;
   for (std::int32_t column = 0; column < columns; ++column) {
-    session.Connection().Execute(
-        fmt::format("UPDATE DataSetColumn SET MissingCount = (SELECT COUNT(*) FROM TrainingSet "
-                    "WHERE d{0} IS NULL) WHERE ColumnIndex = {0}",
-                    column));
+    counts += fmt::format("{}COUNT(*) - COUNT(d{})", counts.empty() ? "" : ", ", column);
+  }
+  IConnection& connection = session.Connection();
+  const Ref<IDataReader> reader =
+      connection.ExecuteReader(fmt::format("SELECT {} FROM TrainingSet", counts));
+  reader->Read();
+  std::vector<std::int32_t> missing;
+  for (std::int32_t column = 0; column < columns; ++column) {
+    missing.push_back(reader->GetInteger(column));
+  }
+  reader->Close();
+  for (std::int32_t column = 0; column < columns; ++column) {
+    connection.Execute(
+        fmt::format("UPDATE DataSetColumn SET MissingCount = {} WHERE ColumnIndex = {}",
+                    missing[static_cast<std::size_t>(column)], column));
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <string>
@@ -25,17 +26,22 @@ void WriteParameter(IConnection& connection, std::string_view space, std::string
                                  whole ? fmt::format("{}", *whole) : "NULL", SqlNumber(number)));
 }
 
+void InsertFigures(IConnection& connection, std::size_t column, const ScaleFigures& figures) {
+  for (const char* table : {"DataSetStatisticsForCode", "DataSetStatisticsForMissing"}) {
+    connection.Execute(fmt::format(
+        "INSERT INTO {} (ColumnIndex, Average, StandardDeviation, Minimum, Maximum) VALUES ({}, "
+        "{}, {}, {}, {})",
+        table, column, SqlNumber(figures.average), SqlNumber(figures.deviation),
+        SqlNumber(figures.minimum), SqlNumber(figures.maximum)));
+  }
+}
+
 void WriteFigures(IConnection& connection, const Preparation& preparation) {
   for (const char* table : {"DataSetStatisticsForCode", "DataSetStatisticsForMissing"}) {
     connection.Execute(fmt::format("DELETE FROM {}", table));
-    for (std::size_t i = 0; i < preparation.columns.size(); ++i) {
-      const ScaleFigures& figures = preparation.columns[i].figures;
-      connection.Execute(fmt::format(
-          "INSERT INTO {} (ColumnIndex, Average, StandardDeviation, Minimum, Maximum) VALUES ({}, "
-          "{}, {}, {}, {})",
-          table, i, SqlNumber(figures.average), SqlNumber(figures.deviation),
-          SqlNumber(figures.minimum), SqlNumber(figures.maximum)));
-    }
+  }
+  for (std::size_t i = 0; i < preparation.columns.size(); ++i) {
+    InsertFigures(connection, i, preparation.columns[i].figures);
   }
 }
 
@@ -99,15 +105,37 @@ void WriteNamedTokens(IConnection& connection, const Preparation& preparation) {
   }
 }
 
-/// The figures of a training set that was stored as it stood in its file.
+/// The figures of a training set that was stored as it stood in its file, read in one scan of the
+/// table for every `kColumnsOfScan` columns.
 void WritePlainFigures(const RunSession& session, std::size_t columns) {
-  if (!session.Connection().TableExists("TrainingSet")) return;
-  for (std::size_t i = 0; i < columns; ++i) {
-    for (const char* table : {"DataSetStatisticsForCode", "DataSetStatisticsForMissing"}) {
-      session.Connection().Execute(fmt::format(
-          "INSERT INTO {0} (ColumnIndex, Average, StandardDeviation, Minimum, Maximum) SELECT {1}, "
-          "avg(d{1}), stdev(d{1}), min(d{1}), max(d{1}) FROM TrainingSet",
-          table, i));
+  constexpr std::size_t kColumnsOfScan = 100;
+  IConnection& connection = session.Connection();
+  if (!connection.TableExists("TrainingSet")) return;
+  for (std::size_t first = 0; first < columns; first += kColumnsOfScan) {
+    const std::size_t end = std::min(columns, first + kColumnsOfScan);
+    std::string items;
+    for (std::size_t i = first; i < end; ++i) {
+      items += fmt::format("{0}avg(d{1}), stdev(d{1}), min(d{1}), max(d{1})",
+                           items.empty() ? "" : ", ", i);
+    }
+    const Ref<IDataReader> reader =
+        connection.ExecuteReader(fmt::format("SELECT {} FROM TrainingSet", items));
+    reader->Read();
+    auto figure = [&reader, field = std::int32_t{0}]() mutable -> std::optional<double> {
+      const std::int32_t index = field++;
+      if (reader->IsNull(index)) return std::nullopt;
+      return reader->GetDouble(index);
+    };
+    std::vector<ScaleFigures> figures(end - first);
+    for (ScaleFigures& of_column : figures) {
+      of_column.average = figure();
+      of_column.deviation = figure();
+      of_column.minimum = figure();
+      of_column.maximum = figure();
+    }
+    reader->Close();
+    for (std::size_t i = first; i < end; ++i) {
+      InsertFigures(connection, i, figures[i - first]);
     }
   }
 }

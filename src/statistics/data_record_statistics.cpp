@@ -58,16 +58,19 @@ bool CalculateColumnStatistics(IConnection& connection, const std::string& id,
   return true;
 }
 
-/// The distinct response values in ascending order; one that is missing or no number is no class.
+/// The distinct response values in ascending order; one that is missing or not a number is no
+/// class. Reading ends at the first value too many, which tells that the set has no class figures:
+/// a response of many values is neither read to its end nor sorted.
 std::vector<double> ReadClasses(IConnection& connection, std::string_view table_name,
                                 const std::string& response) {
   std::vector<double> classes;
   const Ref<IDataReader> reader = connection.ExecuteReader(FillStatement(
       run_statement::kDistinctClasses, {{"<XX>", response}, {"<TABLE>", table_name}}));
-  while (reader->Read()) {
+  while (classes.size() <= kMostClasses && reader->Read()) {
     const Variant value = reader->GetValue(0);
     if (value.IsNumber()) classes.push_back(value.ToDouble());
   }
+  std::sort(classes.begin(), classes.end());
   return classes;
 }
 

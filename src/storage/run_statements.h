@@ -37,8 +37,7 @@ inline constexpr std::string_view kCopyTestingToTraining =
 inline constexpr std::string_view kCountTable = "SELECT COUNT(*) FROM <TABLE>";
 inline constexpr std::string_view kProbeTable = "SELECT * FROM <TABLE> WHERE 0 = 1";
 inline constexpr std::string_view kSelectFirstRecord = "SELECT * FROM <TABLE> LIMIT 1";
-inline constexpr std::string_view kDistinctClasses =
-    "SELECT DISTINCT <XX> from <TABLE> ORDER BY <XX>";
+inline constexpr std::string_view kDistinctClasses = "SELECT DISTINCT <XX> from <TABLE>";
 inline constexpr std::string_view kColumnFigures =
     " min(d<XX>), max(d<XX>), avg(d<XX>), median(d<XX>), stdev(d<XX>) ";
 inline constexpr std::string_view kClassFigures =

@@ -43,8 +43,7 @@ TEST(DataRecordStatistics, SendsTheColumnPassInOneTransaction) {
           "SELECT  min(d2), max(d2), avg(d2), median(d2), stdev(d2)  FROM TrainingSet",
           "INSERT INTO DataSetStatistics VALUES (NULL, 7, 2, 1, 1, 0, 2, 1)", "COMMIT", "BEGIN",
           "SELECT * FROM TrainingSet LIMIT 1", "SELECT * FROM TrainingSet WHERE 0 = 1",
-          "SELECT COUNT(*) FROM TrainingSet", "SELECT DISTINCT d2 from TrainingSet ORDER BY d2",
-          "COMMIT"));
+          "SELECT COUNT(*) FROM TrainingSet", "SELECT DISTINCT d2 from TrainingSet", "COMMIT"));
 }
 
 TEST(DataRecordStatistics, SendsTheClassPassForTwoClasses) {

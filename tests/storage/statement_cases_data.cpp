@@ -53,7 +53,7 @@ std::vector<StatementCase> DataTableStatements() {
        "SELECT * FROM TestingSet LIMIT 1"},
       {"kDistinctClasses",
        FillStatement(kDistinctClasses, {{"<XX>", "d1"}, {"<TABLE>", "TrainingSet"}}),
-       "SELECT DISTINCT d1 from TrainingSet ORDER BY d1"},
+       "SELECT DISTINCT d1 from TrainingSet"},
       {"kColumnFigures", FillStatement(kColumnFigures, {{"<XX>", "0"}}),
        " min(d0), max(d0), avg(d0), median(d0), stdev(d0) ", "SELECT", "FROM TrainingSet"},
       {"kClassFigures", FillStatement(kClassFigures, {{"<XX>", "0"}}),
