@@ -47,7 +47,7 @@ Utf8Stream::Converter Utf8Stream::OpenConverter(const std::string& name) {
   return converter;
 }
 
-Utf8Stream::Utf8Stream(std::unique_ptr<ByteSource> source, std::string encoding)
+Utf8Stream::Utf8Stream(std::unique_ptr<ByteSource> source, const std::string& encoding)
     : source_(std::move(source)), is_decided_(!encoding.empty()), raw_(kBlockBytes) {
   if (is_decided_) Use(encoding);
 }

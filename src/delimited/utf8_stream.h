@@ -22,7 +22,7 @@ class Utf8Stream {
  public:
   /// `encoding` is an ICU name such as "UTF-8" or "windows-1252"; empty leaves the choice to the
   /// text. Raises 41001 for a name that ICU does not know. A mark of the encoding is dropped.
-  explicit Utf8Stream(std::unique_ptr<ByteSource> source, std::string encoding = {});
+  explicit Utf8Stream(std::unique_ptr<ByteSource> source, const std::string& encoding = {});
   ~Utf8Stream();
   Utf8Stream(const Utf8Stream&) = delete;
   Utf8Stream& operator=(const Utf8Stream&) = delete;
