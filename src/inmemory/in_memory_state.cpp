@@ -1,5 +1,6 @@
 #include "inmemory/in_memory_state.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "tslm5/contracts/codes.h"
@@ -41,6 +42,7 @@ void InMemoryState::ResetProperties() {
 void InMemoryState::MakeDefaultLabels() {
   std::vector<std::string> made;
   const std::int32_t columns = Columns();
+  made.reserve(static_cast<std::size_t>(std::max(columns, 1)));
   for (std::int32_t column = 0; column < columns - 1; ++column) {
     made.push_back(independent_vars_prefix + std::to_string(column));
   }
