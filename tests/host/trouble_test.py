@@ -171,17 +171,21 @@ class TroubleTest(HostCase):
         self.assertEqual(codes[-1], 0)
         self.assertGreater(codes.count(3), 3)
 
+    @staticmethod
+    def into_a_full_device(words):
+        with open("/dev/full", "w", encoding="ascii") as full:
+            return subprocess.run(
+                [PROGRAM, *map(str, words)],
+                stdout=full,
+                stderr=subprocess.PIPE,
+                text=True,
+                env=plain_environment(),
+                check=False,
+            )
+
     def test_an_output_that_takes_nothing(self):
         for words in (["--help"], ["show", self.run_path], ["info", self.run_path]):
-            with open("/dev/full", "w", encoding="ascii") as full:
-                result = subprocess.run(
-                    [PROGRAM, *map(str, words)],
-                    stdout=full,
-                    stderr=subprocess.PIPE,
-                    text=True,
-                    env=plain_environment(),
-                    check=False,
-                )
+            result = self.into_a_full_device(words)
             self.assertEqual(result.returncode, 3)
             self.assertEqual(
                 result.stderr,
@@ -198,15 +202,7 @@ class TroubleTest(HostCase):
             (["categories", self.run_path, "a", "--set", "x=5"], "the run is changed"),
             (["report", self.run_path, "-o", page], "the report is written"),
         ]:
-            with open("/dev/full", "w", encoding="ascii") as full:
-                result = subprocess.run(
-                    [PROGRAM, *map(str, words)],
-                    stdout=full,
-                    stderr=subprocess.PIPE,
-                    text=True,
-                    env=plain_environment(),
-                    check=False,
-                )
+            result = self.into_a_full_device(words)
             self.assertEqual(result.returncode, 3)
             self.assertEqual(
                 result.stderr,
