@@ -90,6 +90,7 @@ void CountMissing(const RunSession& session, std::int32_t columns) {
       connection.ExecuteReader(fmt::format("SELECT {} FROM TrainingSet", counts));
   reader->Read();
   std::vector<std::int32_t> missing;
+  missing.reserve(static_cast<std::size_t>(columns));
   for (std::int32_t column = 0; column < columns; ++column) {
     missing.push_back(reader->GetInteger(column));
   }
