@@ -2,8 +2,8 @@
 #include <iterator>
 
 #include "fuzz_input.h"
-#include "host/separators.h"
-#include "host/text_decoding.h"
+#include "host/preparation/separators.h"
+#include "host/preparation/text_decoding.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tslm5;

@@ -6,9 +6,9 @@
 #include <string>
 #include <utility>
 
-#include "host/command_line.h"
-#include "host/completions.h"
-#include "host/manual_page.h"
+#include "host/commands/command_line.h"
+#include "host/program/completions.h"
+#include "host/program/manual_page.h"
 
 namespace {
 

@@ -29,6 +29,16 @@ FLOORS = {
     "component": 9,
 }
 
+# The rooms of the host, likewise. What stands in host/ itself is above them all.
+HOST_FLOORS = {
+    "program": 0,
+    "charts": 1,
+    "preparation": 1,
+    "answers": 2,
+    "report": 3,
+    "commands": 4,
+}
+
 # What a room may not know although it lies below: (room, the other room) -> the reason.
 NEVER = {
     ("engine", "contracts"): "the engine knows nothing of datasets",
@@ -54,7 +64,7 @@ STANDARD_HEADER = re.compile(r"[a-z0-9_]+|(stdint|stddef|stdbool|limits|float|[a
 
 class Place(NamedTuple):
     """Where a file stands: `kind` is public, private, host, tests, fuzz, bench, examples or
-    foreign."""
+    foreign; `room` is empty where the kind has none, or the file stands beside its rooms."""
 
     kind: str
     room: str = ""
@@ -79,6 +89,8 @@ def place_of(path: str) -> Place:
         return Place("private", parts[1])
     if parts[0] == "tests":
         return Place("tests", parts[1] if len(parts) > 2 else "")
+    if parts[0] == "host":
+        return Place("host", parts[1] if len(parts) > 2 else "")
     if parts[0] in FOLDERS:
         return Place(parts[0])
     return Place("foreign")
@@ -106,19 +118,41 @@ def target_of(root: Path, path: str, name: str, quoted: bool) -> Place:
     return Place("foreign")
 
 
+def climb_between(floors: dict[str, int], room: str, other: str) -> Optional[str]:
+    """Why `room` may not include a header of `other`, both of `floors`; None when it may."""
+    if other == room:
+        return None
+    if floors[other] > floors[room]:
+        return f"{other} is a floor above {room}"
+    if floors[other] == floors[room]:
+        return f"{other} and {room} do not know each other"
+    return None
+
+
 def climb(room: str, target: Place) -> Optional[str]:
     """Why a file of `room` may not include `target`, a room's header; None when it may."""
     if (room, target.room) in NEVER:
         return NEVER[room, target.room]
     if target.room == room:
         return None
-    if FLOORS[target.room] > FLOORS[room]:
-        return f"{target.room} is a floor above {room}"
-    if FLOORS[target.room] == FLOORS[room]:
-        return f"{target.room} and {room} do not know each other"
+    reason = climb_between(FLOORS, room, target.room)
+    if reason:
+        return reason
     if target == Place("private", "engine"):
         return "the engine is a library of its own: only its headers in include/tslm5/ may be seen"
     return None
+
+
+def climb_in_host(room: str, target_room: str) -> Optional[str]:
+    """Why a file of the host's `room` may not include one of another; None when it may."""
+    for name in (room, target_room):
+        if name and name not in HOST_FLOORS:
+            return f"{name} is no room of the host (see HOST_FLOORS in scripts/check_floors.py)"
+    if not room or room == target_room:
+        return None
+    if not target_room:
+        return f"what stands in host/ itself is above {room}"
+    return climb_between(HOST_FLOORS, room, target_room)
 
 
 def reason_against(source: Place, target: Place) -> Optional[str]:
@@ -134,6 +168,8 @@ def reason_against(source: Place, target: Place) -> Optional[str]:
         if source.kind == "public" and target.kind == "private":
             return "a public header may include public headers alone"
         return climb(source.room, target)
+    if source.kind == "host" and target.kind == "host":
+        return climb_in_host(source.room, target.room)
     if source.kind in ("host", "examples"):
         if target.kind == "public" or target.kind == source.kind:
             return None

@@ -1,4 +1,4 @@
-#include "host/beside_file.h"
+#include "host/program/beside_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "host/cell_rule.h"
+#include "host/preparation/cell_rule.h"
 
 #include <gtest/gtest.h>
 

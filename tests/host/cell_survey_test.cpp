@@ -1,10 +1,10 @@
-#include "host/cell_survey.h"
+#include "host/preparation/cell_survey.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

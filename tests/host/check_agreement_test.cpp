@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/check_command.h"
-#include "host/load_command.h"
+#include "host/commands/check_command.h"
+#include "host/commands/load_command.h"
 #include "tests/host/temporary_folder.h"
 #include "tests/support/locale_variables.h"
 

@@ -1,10 +1,10 @@
-#include "host/code_changes.h"
+#include "host/preparation/code_changes.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
 
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

@@ -1,13 +1,13 @@
-#include "host/command_line.h"
+#include "host/commands/command_line.h"
 
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <vector>
 
-#include "host/failure.h"
-#include "host/load_command.h"
-#include "host/show_command.h"
+#include "host/commands/load_command.h"
+#include "host/commands/show_command.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

@@ -1,8 +1,8 @@
-#include "host/delimited_text.h"
+#include "host/preparation/delimited_text.h"
 
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

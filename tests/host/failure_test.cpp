@@ -1,4 +1,4 @@
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 #include <gtest/gtest.h>
 

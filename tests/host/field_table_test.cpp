@@ -1,8 +1,8 @@
-#include "host/field_table.h"
+#include "host/preparation/field_table.h"
 
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/file_placing.h"
+#include "host/program/file_placing.h"
 
 #include <gtest/gtest.h>
 

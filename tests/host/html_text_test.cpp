@@ -1,4 +1,4 @@
-#include "host/html_text.h"
+#include "host/charts/html_text.h"
 
 #include <gtest/gtest.h>
 

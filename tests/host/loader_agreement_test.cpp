@@ -4,10 +4,10 @@
 #include <random>
 #include <string>
 
-#include "host/cell_survey.h"
-#include "host/failure.h"
-#include "host/run_session.h"
-#include "host/text_source.h"
+#include "host/preparation/cell_survey.h"
+#include "host/preparation/run_session.h"
+#include "host/preparation/text_source.h"
+#include "host/program/failure.h"
 #include "tests/host/temporary_folder.h"
 #include "tests/support/locale_variables.h"
 

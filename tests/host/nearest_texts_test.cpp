@@ -1,4 +1,4 @@
-#include "host/nearest_texts.h"
+#include "host/program/nearest_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,9 @@
 
 #include <cmath>
 
-#include "host/prepared_load.h"
-#include "host/run_preparation.h"
-#include "host/run_session.h"
+#include "host/preparation/prepared_load.h"
+#include "host/preparation/run_preparation.h"
+#include "host/preparation/run_session.h"
 #include "tests/host/temporary_folder.h"
 #include "tslm5/contracts/missing_metadata.h"
 #include "tslm5/contracts/nominal_metadata.h"

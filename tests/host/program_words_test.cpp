@@ -1,11 +1,11 @@
 // What is made from the table of commands.
-#include "host/program_words.h"
+#include "host/program/program_words.h"
 
 #include <gtest/gtest.h>
 
-#include "host/command_line.h"
-#include "host/completions.h"
-#include "host/manual_page.h"
+#include "host/commands/command_line.h"
+#include "host/program/completions.h"
+#include "host/program/manual_page.h"
 
 namespace tslm5::host {
 namespace {

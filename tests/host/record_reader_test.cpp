@@ -1,4 +1,4 @@
-#include "host/record_reader.h"
+#include "host/preparation/record_reader.h"
 
 #include <gtest/gtest.h>
 

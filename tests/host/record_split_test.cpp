@@ -1,11 +1,11 @@
-#include "host/record_split.h"
+#include "host/preparation/record_split.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <iterator>
 
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

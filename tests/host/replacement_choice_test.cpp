@@ -1,9 +1,9 @@
-#include "host/replacement_choice.h"
+#include "host/preparation/replacement_choice.h"
 
 #include <gtest/gtest.h>
 
-#include "host/failure.h"
-#include "host/replacement_type.h"
+#include "host/preparation/replacement_type.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

@@ -1,11 +1,11 @@
-#include "host/run_scale.h"
+#include "host/preparation/run_scale.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-#include "host/failure.h"
+#include "host/program/failure.h"
 
 namespace tslm5::host {
 namespace {

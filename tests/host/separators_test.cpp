@@ -1,4 +1,4 @@
-#include "host/separators.h"
+#include "host/preparation/separators.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/shell_words.h"
+#include "host/program/shell_words.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/shown_text.h"
+#include "host/program/shown_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "host/svg_chart.h"
+#include "host/charts/svg_chart.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/class_split.h"
+#include "host/charts/class_split.h"
 
 namespace tslm5::host {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/text_decoding.h"
+#include "host/preparation/text_decoding.h"
 
 #include <gtest/gtest.h>
 

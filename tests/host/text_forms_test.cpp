@@ -4,12 +4,12 @@
 #include <cmath>
 #include <limits>
 
-#include "host/failure.h"
-#include "host/json_text.h"
-#include "host/label_list.h"
-#include "host/progress.h"
-#include "host/record_output.h"
-#include "host/user_locale.h"
+#include "host/answers/record_output.h"
+#include "host/preparation/label_list.h"
+#include "host/preparation/user_locale.h"
+#include "host/program/failure.h"
+#include "host/program/json_text.h"
+#include "host/program/progress.h"
 
 namespace tslm5::host {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/text_source.h"
+#include "host/preparation/text_source.h"
 
 #include <gtest/gtest.h>
 
@@ -7,8 +7,8 @@
 #include <iterator>
 #include <string>
 
-#include "host/failure.h"
-#include "host/text_warnings.h"
+#include "host/answers/text_warnings.h"
+#include "host/program/failure.h"
 #include "tests/host/temporary_folder.h"
 
 namespace tslm5::host {

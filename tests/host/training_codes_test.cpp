@@ -1,11 +1,11 @@
-#include "host/training_codes.h"
+#include "host/preparation/training_codes.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
 
-#include "host/record_split.h"
+#include "host/preparation/record_split.h"
 #include "tslm5/component/class_factory.h"
 #include "tslm5/component/create_object.h"
 #include "tslm5/contracts/codes.h"

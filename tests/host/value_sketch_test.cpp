@@ -1,4 +1,4 @@
-#include "host/value_sketch.h"
+#include "host/charts/value_sketch.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <numeric>
 #include <vector>
 
-#include "host/display_bins.h"
+#include "host/charts/display_bins.h"
 
 namespace tslm5::host {
 namespace {

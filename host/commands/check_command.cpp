@@ -1,0 +1,121 @@
+#include "host/commands/check_command.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "host/answers/check_report.h"
+#include "host/answers/text_warnings.h"
+#include "host/preparation/delimited_text.h"
+#include "host/preparation/file_check.h"
+#include "host/preparation/load_trial.h"
+#include "host/preparation/problem_list.h"
+#include "host/preparation/text_source.h"
+#include "host/preparation/user_locale.h"
+#include "host/program/common_options.h"
+#include "host/program/terminal.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr const char* kCheckExamples =
+    "Examples:\n"
+    "  tslm5 check measurements.csv\n"
+    "  tslm5 check measurements.csv --all --max 100\n"
+    "  tslm5 check answers.csv --separator semicolon --problem classification --json\n"
+    "\n"
+    "Exit codes: 0 the file is valid, 1 it has problems, 2 wrong usage, 3 file trouble.\n";
+
+/// What the check and the loader make of a file.
+struct Findings {
+  CheckAnswer answer;
+  ProblemList problems;
+};
+
+/// A file that is refused as a whole, in words that name the place.
+Findings Refused(const std::string& words) {
+  Findings findings;
+  findings.answer.message = words;
+  findings.problems.count = 1;
+  findings.problems.first.push_back({{}, {}, {}, {}, "", words});
+  return findings;
+}
+
+Findings Check(const CheckOptions& options, const CheckRequest& request, const DelimitedText& text,
+               bool comma_is_decimal) {
+  Findings findings;
+  findings.answer = CheckFile(request);
+  findings.problems =
+      options.all
+          ? FindProblems(text, request, findings.answer, options.most_problems, comma_is_decimal)
+          : FindAnsweredProblem(text, request, findings.answer, comma_is_decimal);
+  return findings;
+}
+
+}  // namespace
+
+ExitCode RunCheck(const CheckOptions& options, Output& output) {
+  const bool comma_is_decimal = UserHasDecimalComma();
+  const TextSource source(options.file);
+  const SeparatorChoice choice = options.separator != nullptr
+                                     ? SeparatorChoice{options.separator, "as asked for"}
+                                     : GuessSeparator(source.Text(), comma_is_decimal);
+  DelimitedText text;
+  text.text = source.Text();
+  text.separator = choice.separator;
+  text.has_label_line = options.has_labels;
+  text.path = source.Path();
+
+  CheckRequest request;
+  request.path = source.Path();
+  request.text = source.Text();
+  request.separator = choice.separator;
+  request.has_labels = options.has_labels;
+  request.problem_category = options.problem_category;
+  request.lines = std::count(text.text.begin(), text.text.end(), '\n');
+
+  Findings findings = source.NulLine() ? Refused(source.WordsOfNul())
+                                       : Check(options, request, text, comma_is_decimal);
+  if (findings.answer.is_valid) {
+    if (const auto words = LoadRefusal(text, choice, comma_is_decimal)) findings = Refused(*words);
+  }
+  for (const std::string& warning : TextWarnings(source)) Warn(warning);
+  const CheckReport report{options.file,    request,           choice,
+                           findings.answer, findings.problems, options.all};
+  output.Write(options.json ? CheckJson(report) : CheckText(report));
+  return findings.answer.is_valid ? ExitCode::kDone : ExitCode::kRefused;
+}
+
+void AddCheckCommand(CommandSpec& app, Invocation& invocation) {
+  struct Words {
+    CheckOptions options;
+    std::string separator = "auto";
+    std::string problem = "regression";
+    bool no_labels = false;
+  };
+  CommandSpec check = app.AddCommand("check", "Check a delimited text file before it is loaded");
+  const auto words = std::make_shared<Words>();
+  check.AddOption("FILE", words->options.file, "the text file").Required();
+  AddSeparator(check, words->separator);
+  check.AddFlag("--no-labels", words->no_labels, "the first line is a record, not the labels");
+  AddProblem(check, words->problem,
+             "what the data are for (default regression); a classified response must be there "
+             "in every record");
+  const OptionSpec all =
+      check.AddFlag("--all", words->options.all, "every problem, not the first alone");
+  check.AddOption("--max", words->options.most_problems, "how many problems to show (default 20)")
+      .InRange(0, 1000000000)
+      .Needs(all)
+      .ValueName("N");
+  AddJson(check, words->options.json);
+  check.Footer(kCheckExamples);
+  const auto make = [words] {
+    CheckOptions options = words->options;
+    options.separator = FindSeparator(words->separator);
+    options.has_labels = !words->no_labels;
+    options.problem_category = ProblemCategory(words->problem);
+    return options;
+  };
+  WhenChosen(check, invocation, make, RunCheck);
+}
+
+}  // namespace tslm5::host

@@ -1,0 +1,54 @@
+#ifndef TSLM5_HOST_PREPARATION_RUN_SCALE_H_
+#define TSLM5_HOST_PREPARATION_RUN_SCALE_H_
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tslm5::host {
+
+/// The figures of a column that its scale goes by. What the column does not have is empty.
+struct ScaleFigures {
+  std::optional<double> average;
+  std::optional<double> deviation;  ///< of a sample: n - 1
+  std::optional<double> minimum;
+  std::optional<double> maximum;
+};
+
+/// How a run normalises its numeric inputs.
+struct RunScale {
+  enum Type : std::int32_t { kNone = 0, kZScore = 1, kMinMax = 2, kRange = 3 };
+
+  std::int32_t type = kNone;  ///< the run parameter "NormalizationType"
+  double new_minimum = 0.0;
+  double new_maximum = 1.0;
+};
+
+/// Reads "none", "zscore", "minmax" or "range:A:B". Raises `Failure`, wrong usage.
+RunScale ParseScale(std::string_view text);
+
+/// The scale as `ParseScale` reads it.
+std::string ScaleText(const RunScale& scale);
+
+/// The figures of the values that are numbers.
+ScaleFigures ComputeFigures(const std::vector<double>& values);
+
+/// Figures under which a column stays as it is.
+ScaleFigures IdentityFigures(const RunScale& scale);
+
+/// Whether a column of these figures stays as it is.
+bool ChangesNothing(const RunScale& scale, const ScaleFigures& figures);
+
+/// Whether values can be brought into the scale by these figures: neither constant nor beyond what
+/// a double holds.
+bool CanScale(const RunScale& scale, const ScaleFigures& figures);
+
+/// `value` in the scale; not a number stays what it is. REQUIRES: `CanScale`, or the figures of
+/// `IdentityFigures`, which change nothing.
+double Scaled(double value, const RunScale& scale, const ScaleFigures& figures);
+
+}  // namespace tslm5::host
+
+#endif  // TSLM5_HOST_PREPARATION_RUN_SCALE_H_

@@ -1,0 +1,148 @@
+#include "host/preparation/run_session.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <ctime>
+
+#include "host/program/failure.h"
+#include "host/program/open_files.h"
+#include "host/program/set_names.h"
+#include "host/program/shown_text.h"
+#include "host/program/terminal.h"
+#include "tslm5/component/create_object.h"
+#include "tslm5/contracts/lifecycle.h"
+#include "tslm5/contracts/run_schema.h"
+#include "tslm5/contracts/time_series.h"
+#include "tslm5/engine/run_recovery.h"
+
+namespace tslm5::host {
+namespace {
+
+constexpr int kMostTries = 3;
+
+Ref<IRunSchema> Schema() {
+  return CreateObject<IRunSchema>(class_id::kRunSchema);
+}
+
+RunOptions Options(RunOptions::Mode mode) {
+  RunOptions options;
+  options.mode = mode;
+  options.newest_schema_version = Schema()->NewestVersion();
+  return options;
+}
+
+}  // namespace
+
+RunSession::RunSession(const std::string& path, RunOptions::Mode mode)
+    : path_(path),
+      run_(OpenRun(path, Options(mode))),
+      connection_(Query<IConnection>(run_->GetConnection().ToObject())) {
+  TellOfRecovery();
+  RefuseForeignDatabase();
+}
+
+void RunSession::TellOfRecovery() const {
+  const auto recovery = run_.As<IRunRecovery>();
+  if (!recovery || !recovery->WasRecovered()) return;
+  const auto time = static_cast<std::time_t>(recovery->InterruptedAt());
+  Warn(
+      fmt::format("{} held a change that was interrupted at {:%Y-%m-%dT%H:%M:%SZ}; it is undone, "
+                  "and the run is as it was before that change",
+                  Escaped(path_), fmt::gmtime(time)));
+}
+
+void RunSession::RefuseForeignDatabase() const {
+  if (SchemaVersion() > 0 || connection_->TableExists("DataSetColumn")) return;
+  if (ReadInteger("SELECT COUNT(*) FROM sqlite_master") == 0) return;
+  throw Failure(ExitCode::kTrouble,
+                fmt::format("{} is a database, but not that of a run", Escaped(path_)));
+}
+
+std::int32_t RunSession::SchemaVersion() const {
+  return Schema()->Version(run_.get());
+}
+
+void RunSession::CreateSchema() const {
+  Schema()->CreateSchema(run_.get());
+}
+
+bool RunSession::HasAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const {
+  const std::int32_t columns = ColumnsOf(set.table);
+  if (!is_loaded) return columns == 0;
+  return data_set.Columns() == columns && (data_set.Rows() > 0 || !HasRecords(set));
+}
+
+bool RunSession::HasRecords(const SetName& set) const {
+  return ReadInteger(fmt::format("SELECT EXISTS (SELECT * FROM {})", set.table)) != 0;
+}
+
+Ref<IDataSet> RunSession::OpenDataSet(std::int32_t type) const {
+  const SetName& set = *FindSet(type);
+  auto data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
+  bool is_loaded = false;
+  bool has_answers = false;
+  for (int i = 0; i < kMostTries && !has_answers; ++i) {  // another program may change the run
+    is_loaded = data_set.As<IPersistable>()->Load(Variant(run_), Variant(type));
+    has_answers = HasAnswers(*data_set, set, is_loaded);
+  }
+  if (!has_answers) {
+    throw Failure(ExitCode::kTrouble,
+                  fmt::format("the {} set of {} cannot be read", set.name, Escaped(path_)));
+  }
+  if (!is_loaded) return nullptr;
+  // The column records of a run tell of its embedded records; a series beside them has its own
+  // label.
+  if (data_set->Columns() == 1 && connection_->TableExists("DataSetColumn") &&
+      ReadInteger("SELECT COUNT(*) > 1 FROM DataSetColumn") != 0) {
+    data_set.As<ITimeSeriesDataSet>()->LoadTimeSeriesLabel();
+  }
+  return data_set;
+}
+
+Ref<IDataSet> RunSession::AttachDataSet(std::int32_t type) const {
+  if (Ref<IDataSet> data_set = OpenDataSet(type)) return data_set;
+  auto data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
+  data_set.As<IConstructor>()->Init(VariantArray({Variant(run_), Variant(type)}));
+  return data_set;
+}
+
+std::int32_t RunSession::ReadInteger(std::string_view sql) const {
+  const Ref<IDataReader> reader = connection_->ExecuteReader(sql);
+  const std::int32_t value = reader->Read() ? reader->GetInteger(0) : 0;
+  reader->Close();
+  return value;
+}
+
+std::int32_t RunSession::ColumnsOf(std::string_view table) const {
+  if (!connection_->TableExists(table)) return 0;
+  const Ref<IDataReader> reader =
+      connection_->ExecuteReader(fmt::format("SELECT * FROM {} WHERE 0 = 1", table));
+  const std::int32_t fields = reader->FieldCount();
+  reader->Close();
+  return fields - 1;
+}
+
+bool HasStatistics(const RunSession& session) {
+  return session.Connection().TableExists("TrainingSet");
+}
+
+Transaction::~Transaction() {
+  if (!is_open_) return;
+  try {
+    session_.Connection().RollbackTrans();
+  } catch (...) {  // the engine has rolled back by itself, or does when the run is closed
+  }
+}
+
+void Transaction::Commit() {
+  session_.Connection().CommitTrans();
+  is_open_ = false;
+  if (IsOpenFile(session_.Path())) return;
+  throw Failure(ExitCode::kTrouble,
+                fmt::format("{} was removed or replaced while this command was changing it: what "
+                            "was stored went with the former file; do it again",
+                            Escaped(session_.Path())));
+}
+
+}  // namespace tslm5::host
