@@ -22,6 +22,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # A known false alarm of g++ 12 on "literal" + std::string (GCC bug 105651).
   target_compile_options(tslm5_flags INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(tslm5_flags INTERFACE -Wreserved-identifier)
+endif()
 if(TSLM5_WARNINGS_AS_ERRORS)
   target_compile_options(tslm5_flags INTERFACE -Werror)
 endif()
