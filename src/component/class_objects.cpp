@@ -4,6 +4,7 @@
 
 #include "contracts/event_args_objects.h"
 #include "datasetlite/data_set_lite.h"
+#include "delimited/reader_object.h"
 #include "inmemory/in_memory_set.h"
 #include "original/original_data_set.h"
 #include "platform/only_errors.h"
@@ -31,6 +32,8 @@ constexpr PublicClass kClasses[] = {
     {"RecordParsedEventArgs", class_id::kRecordParsedEventArgs,
      [] { return Ref<IUnknown>(MakeRecordParsedEventArgs()); }},
     {"RunSchema", class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},
+    {"DelimitedReader", class_id::kDelimitedReader,
+     [] { return Ref<IUnknown>(delimited::MakeReaderObject()); }},
 };
 
 std::atomic<std::int64_t> server_locks{0};

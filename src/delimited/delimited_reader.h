@@ -19,14 +19,7 @@
 
 namespace tslm5::delimited {
 
-/// What a reader has met so far.
-struct ReadCounts {
-  std::int64_t lines = 0;           ///< of the file, as far as it is read
-  std::int64_t records = 0;         ///< that were given
-  std::int64_t uneven_records = 0;  ///< that were left out
-  std::int64_t empty_lines = 0;     ///< or of blanks alone; behind the header
-  std::int64_t first_gap = 0;       ///< the first empty line before a record; 0 for none
-};
+using ReadCounts = DelimitedCounts;
 
 /// Reads a delimited text once, from front to back, as blocks of records. A cell is what stands
 /// between two separators, without the blanks around it; empty ones keep their place. Records of

@@ -23,6 +23,10 @@ class FieldBlock {
   std::int64_t FirstRecord() const { return first_record_; }
   /// The fields of a record, one a column.
   const Field* Record(std::size_t record) const { return fields_.data() + record * columns_; }
+  /// The same records as an application sees them.
+  DelimitedBlock View() const {
+    return {fields_.data(), lines_.data(), Records(), columns_, first_record_};
+  }
   /// The line of the file where a record begins, 1-based.
   std::int64_t Line(std::size_t record) const { return lines_[record]; }
 

@@ -8,14 +8,11 @@
 #include <vector>
 
 #include "delimited/findings.h"
+#include "tslm5/contracts/delimited_reader.h"
 
 namespace tslm5::delimited {
 
-/// The labels of a table's columns, each of them there once without regard to case.
-struct Header {
-  std::vector<std::string> labels;  ///< one a column; none where the table has no header
-  std::int64_t line = 0;            ///< of the file, 1-based; 0 where there is none
-};
+using Header = DelimitedHeader;
 
 /// Makes labels of the texts of a header: an empty one becomes "d" and the 0-based number of its
 /// column, a repeated one gets "_2", "_3" and so on behind it, the first number that gives a label

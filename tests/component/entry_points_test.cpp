@@ -7,6 +7,7 @@
 
 #include "tslm5/component/class_factory.h"
 #include "tslm5/contracts/data_set.h"
+#include "tslm5/contracts/delimited_reader.h"
 #include "tslm5/contracts/deployment_data_set.h"
 #include "tslm5/contracts/event_args.h"
 #include "tslm5/contracts/run_schema.h"
@@ -28,6 +29,7 @@ constexpr PublicClass kClasses[] = {
     {class_id::kParseEventArgs, "ParseEventArgs", IParseEventArgs::kId},
     {class_id::kRecordParsedEventArgs, "RecordParsedEventArgs", IRecordParsedEventArgs::kId},
     {class_id::kRunSchema, "RunSchema", IRunSchema::kId},
+    {class_id::kDelimitedReader, "DelimitedReader", IDelimitedReader::kId},
 };
 
 Ref<IClassFactory> ClassObject(const Uuid& id) {

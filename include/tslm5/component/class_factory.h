@@ -20,6 +20,8 @@ inline constexpr Uuid kParseEventArgs{0x54534c4d350000c4ULL, 0x8a1f4c0b6d2e73c4U
 inline constexpr Uuid kRecordParsedEventArgs{0x54534c4d350000c5ULL, 0x8a1f4c0b6d2e73c5ULL};
 /// The maker of a new run's tables.
 inline constexpr Uuid kRunSchema{0x54534c4d350000c6ULL, 0x8a1f4c0b6d2e73c6ULL};
+/// A reader of delimited text.
+inline constexpr Uuid kDelimitedReader{0x54534c4d350000c7ULL, 0x8a1f4c0b6d2e73c7ULL};
 }  // namespace class_id
 
 /// A class object: makes the objects of one class.

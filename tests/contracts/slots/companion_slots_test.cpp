@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "contracts/slots/slot_of.h"
+#include "tslm5/contracts/delimited_reader.h"
 #include "tslm5/contracts/extra_set.h"
 #include "tslm5/contracts/is_dirty.h"
 #include "tslm5/contracts/iterator.h"
@@ -85,6 +86,13 @@ TEST(CompanionSlots, MissingMetadata) {
 TEST(CompanionSlots, RunSchema) {
   ExpectSlots<IRunSchema>(&IRunSchema::CreateSchema, &IRunSchema::NewestVersion,
                           &IRunSchema::Version);
+}
+
+TEST(CompanionSlots, DelimitedReader) {
+  ExpectSlots<IDelimitedReader>(
+      &IDelimitedReader::OpenFile, &IDelimitedReader::OpenText, &IDelimitedReader::Dialect,
+      &IDelimitedReader::Header, &IDelimitedReader::Next, &IDelimitedReader::Findings,
+      &IDelimitedReader::FindingCount, &IDelimitedReader::MessageOf, &IDelimitedReader::Counts);
 }
 
 }  // namespace
