@@ -29,6 +29,10 @@ RESULTS = {
     "std::string": "text",
     "std::string_view": "text view",
     "Variant": "variant",
+    "const DelimitedDialect&": "dialect",
+    "const DelimitedHeader&": "header",
+    "const DelimitedCounts&": "counts",
+    "const std::vector<DelimitedFinding>&": "findings",
 }
 
 
