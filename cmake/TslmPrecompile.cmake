@@ -36,8 +36,9 @@ tslm5_precompiled(NAME precompiled_tests KIND PROGRAM
                   HEADERS ${TSLM5_STANDARD_HEADERS} <gmock/gmock.h> <gtest/gtest.h>
                   LINKS GTest::gmock OPTIONS ${TSLM5_TEST_OPTIONS})
 
-# tslm5_test_program(<target>): flags and headers of a test program, beside what it tests.
+# tslm5_test_program(<target>): flags, headers and locale of a test program, beside what it tests.
 function(tslm5_test_program target)
+  target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests/support/program_locale.cpp")
   target_link_libraries(${target} PRIVATE tslm5_flags GTest::gmock_main)
   target_compile_options(${target} PRIVATE ${TSLM5_TEST_OPTIONS})
   target_precompile_headers(${target} REUSE_FROM precompiled_tests)

@@ -5,7 +5,7 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from host_case import PROGRAM, HostCase, change, dump, query
+from host_case import PROGRAM, HostCase, change, dump, plain_environment, query
 
 
 class HistoryTest(HostCase):
@@ -20,7 +20,8 @@ class HistoryTest(HostCase):
         line = line.replace(str(self.run_path), str(run))
         line = line.replace("tslm5 ", PROGRAM + " ", 1)
         result = subprocess.run(
-            ["bash", "-c", line], capture_output=True, text=True, check=False, cwd="/"
+            ["bash", "-c", line], capture_output=True, text=True, check=False, cwd="/",
+            env=plain_environment(),  # fmt: skip
         )
         self.assertEqual((result.returncode, result.stderr), (0, ""), line)
 
