@@ -21,6 +21,7 @@ FLOORS = {
     "delimited": 3,
     "engine": 4,
     "storage": 5,
+    "run": 6,
     "statistics": 6,
     "datacheck": 7,
     "datasetlite": 8,

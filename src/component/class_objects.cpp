@@ -8,6 +8,7 @@
 #include "inmemory/in_memory_set.h"
 #include "original/original_data_set.h"
 #include "platform/only_errors.h"
+#include "run/run_catalog_object.h"
 #include "storage/run_tables.h"
 #include "tslm5/platform/object.h"
 
@@ -31,6 +32,7 @@ constexpr PublicClass kClasses[] = {
      [] { return Ref<IUnknown>(MakeParseEventArgs()); }},
     {"RecordParsedEventArgs", class_id::kRecordParsedEventArgs,
      [] { return Ref<IUnknown>(MakeRecordParsedEventArgs()); }},
+    {"RunCatalog", class_id::kRunCatalog, MakeRunCatalog},
     {"RunSchema", class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},
     {"DelimitedReader", class_id::kDelimitedReader,
      [] { return Ref<IUnknown>(delimited::MakeReaderObject()); }},

@@ -12,6 +12,7 @@
 #include "tslm5/contracts/event_args.h"
 #include "tslm5/contracts/run_schema.h"
 #include "tslm5/engine/connection_service.h"
+#include "tslm5/run/run_catalog.h"
 
 namespace tslm5 {
 namespace {
@@ -28,6 +29,7 @@ constexpr PublicClass kClasses[] = {
     {class_id::kOriginalDataSet, "OriginalDataSet", IDeploymentDataSet::kId},
     {class_id::kParseEventArgs, "ParseEventArgs", IParseEventArgs::kId},
     {class_id::kRecordParsedEventArgs, "RecordParsedEventArgs", IRecordParsedEventArgs::kId},
+    {class_id::kRunCatalog, "RunCatalog", IRunCatalog::kId},
     {class_id::kRunSchema, "RunSchema", IRunSchema::kId},
     {class_id::kDelimitedReader, "DelimitedReader", IDelimitedReader::kId},
 };

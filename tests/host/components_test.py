@@ -35,7 +35,8 @@ class ComponentsTest(HostCase):
         self.assertTrue(Path(component["library"]).is_file())
         self.assertRegex(component["library"], r"/libTSLM5DataManager\.so\.\d+\.\d+\.\d+$")
         names = [entry["name"] for entry in component["classes"]]
-        for name in ("DataSetLite", "InMemorySet", "OriginalDataSet", "ParseEventArgs", "RunSchema"):
+        for name in ("DataSetLite", "InMemorySet", "OriginalDataSet", "ParseEventArgs",
+                     "RunCatalog", "RunSchema"):
             self.assertIn(name, names)
         text = self.done("components", **self.here)
         self.assertIn("  class         TSLM5DataManager.DataSetLite\n", text)

@@ -17,6 +17,7 @@ FACETS = {
     "DataSetLite": "src/datasetlite/data_set_lite.cpp",
     "InMemorySet": "src/inmemory/in_memory_set.cpp",
     "OriginalDataSet": "src/original/original_data_set.cpp",
+    "RunCatalog": "src/run/run_catalog_object.cpp",
 }
 
 RESULTS = {

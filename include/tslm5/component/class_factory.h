@@ -22,6 +22,8 @@ inline constexpr Uuid kRecordParsedEventArgs{0x54534c4d350000c5ULL, 0x8a1f4c0b6d
 inline constexpr Uuid kRunSchema{0x54534c4d350000c6ULL, 0x8a1f4c0b6d2e73c6ULL};
 /// A reader of delimited text.
 inline constexpr Uuid kDelimitedReader{0x54534c4d350000c7ULL, 0x8a1f4c0b6d2e73c7ULL};
+/// What a run keeps, read and written in structures.
+inline constexpr Uuid kRunCatalog{0x54534c4d350000c8ULL, 0x8a1f4c0b6d2e73c8ULL};
 }  // namespace class_id
 
 /// A class object: makes the objects of one class.
