@@ -3,26 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/column_affinity.h"
 #include "engine/sqlite_error.h"
+#include "engine/sqlite_value.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5 {
 namespace {
 
 constexpr std::size_t kKeptStatements = 8;
-
-/// SQLite's rule of column affinity, as far as it says REAL.
-bool HasRealAffinity(const char* declared_type) {
-  std::string type(declared_type == nullptr ? "" : declared_type);
-  for (char& c : type) {
-    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-  }
-  const auto holds = [&type](const char* part) { return type.find(part) != std::string::npos; };
-  if (holds("INT") || holds("CHAR") || holds("CLOB") || holds("TEXT") || holds("BLOB")) {
-    return false;
-  }
-  return holds("REAL") || holds("FLOA") || holds("DOUB");
-}
 
 }  // namespace
 
@@ -84,8 +73,7 @@ std::unique_ptr<LiteralInserter::Kept> LiteralInserter::Make(std::string_view sq
                           " WHERE m.type = 'table' AND m.name = ?1 COLLATE NOCASE");
   columns.BindText(1, name);
   while (columns.Step()) {
-    kept->is_real.push_back(
-        HasRealAffinity(reinterpret_cast<const char*>(sqlite3_column_text(columns.Handle(), 0))));
+    kept->is_real.push_back(AffinityOf(ColumnText(columns.Handle(), 0)) == Affinity::kReal);
   }
   if (kept->is_real.empty()) return nullptr;
 

@@ -9,6 +9,7 @@
 #include "engine/run_path.h"
 #include "engine/sqlite_error.h"
 #include "engine/sqlite_reader.h"
+#include "engine/sqlite_record_appender.h"
 #include "engine/sqlite_record_set.h"
 #include "engine/sqlite_statement.h"
 #include "tslm5/platform/error.h"
@@ -48,7 +49,8 @@ RunConnection::RunConnection(const std::string& path, const RunOptions& options)
     : database_(path, options),
       watch_(Database(), versions_),
       transactions_(Database()),
-      inserter_(Database(), watch_) {
+      inserter_(Database(), watch_),
+      transfer_(Database(), watch_) {
   Configure(path, options);
 }
 
@@ -80,6 +82,7 @@ void* RunConnection::FindFacet(const Uuid& pId) {
     return static_cast<IGuardedTransactions*>(&transactions_facet_);
   }
   if (pId == INumberInserter::kId) return static_cast<INumberInserter*>(&number_inserter_facet_);
+  if (pId == IRecordAppending::kId) return static_cast<IRecordAppending*>(&record_appending_facet_);
   if (pId == IDispatch::kId) return static_cast<IDispatch*>(&dispatch_facet_);
   return nullptr;
 }
@@ -99,6 +102,7 @@ void RunConnection::Execute(std::string_view sql) {
     if (!statement.IsSelect()) NoteWrite(effects);
     statement.Run();
     if (watch_.TakeUnseen()) NoteChange();
+    if (effects.controls_transaction) TidyUp();
   });
 }
 
@@ -108,6 +112,7 @@ bool RunConnection::EndLostTransaction(std::string_view sql) {
   if (!effects.is_rollback) return false;
   DropPending();
   transactions_.EndLostByStatement();
+  TidyUp();
   return true;
 }
 
@@ -150,6 +155,7 @@ void RunConnection::CommitTrans() {
     WritePending();
     transactions_.CommitInnermost();
   });
+  TidyUp();
 }
 
 void RunConnection::RollbackTrans() {
@@ -157,6 +163,7 @@ void RunConnection::RollbackTrans() {
   DropPending();
   NoteChange();
   transactions_.RollbackInnermost();
+  TidyUp();
 }
 
 void RunConnection::CommitGuarded(std::int64_t token) {
@@ -165,6 +172,7 @@ void RunConnection::CommitGuarded(std::int64_t token) {
     WritePending();
     transactions_.CommitGuarded(token);
   });
+  TidyUp();
 }
 
 void RunConnection::RollbackGuarded(std::int64_t token) {
@@ -172,6 +180,7 @@ void RunConnection::RollbackGuarded(std::int64_t token) {
   DropPending();
   NoteChange();
   transactions_.RollbackGuarded(token);
+  TidyUp();
 }
 
 void RunConnection::EndQuietly(std::int64_t token) noexcept {
@@ -203,6 +212,15 @@ bool RunConnection::InsertNumbers(std::string_view head, std::span<const double>
   });
 }
 
+Ref<IRecordAppender> RunConnection::OpenAppender(std::string_view table_name) {
+  return Guarded([this, table_name]() -> Ref<IRecordAppender> {
+    WritePending();
+    AppendTarget target;
+    if (!ReadAppendTarget(Database(), table_name, target)) return {};
+    return MakeObject<SqliteRecordAppender>(*this, std::move(target));
+  });
+}
+
 void RunConnection::NoteWrite(const StatementEffects& effects) {
   if (effects.changes_all) return NoteChange();
   for (TableVersions::Counter* table : effects.tables) versions_.Advance(table);
@@ -223,11 +241,16 @@ void RunConnection::ForgetPending(SqliteRecordSet* record_set) noexcept {
   std::erase(pending_, record_set);
 }
 
-void RunConnection::WritePending() {
+void RunConnection::WriteRecordSets() {
   while (!pending_.empty()) pending_.back()->WritePending();
 }
 
+void RunConnection::WriteAppended() {
+  while (!appending_.empty()) appending_.back()->WriteAppended();
+}
+
 void RunConnection::DropPending() noexcept {
+  for (SqliteRecordAppender* appender : std::exchange(appending_, {})) appender->DropAppended();
   for (SqliteRecordSet* record_set : std::exchange(pending_, {})) record_set->DropPending();
 }
 

@@ -13,6 +13,7 @@
 
 #include "engine/connection_dispatch.h"
 #include "engine/hot_journal.h"
+#include "engine/image_transfer.h"
 #include "engine/literal_inserter.h"
 #include "engine/statement_watch.h"
 #include "engine/table_versions.h"
@@ -22,15 +23,17 @@
 #include "tslm5/engine/guarded_transactions.h"
 #include "tslm5/engine/number_inserter.h"
 #include "tslm5/engine/open_run.h"
+#include "tslm5/engine/record_appender.h"
 #include "tslm5/platform/object.h"
 
 namespace tslm5 {
 
+class SqliteRecordAppender;
 class SqliteRecordSet;
 
 /// The engine's connection: owner of the SQLite handle, of its transactions, of the counters that
-/// keep record sets coherent, and of the list of record sets whose changes have not reached their
-/// table yet.
+/// keep record sets coherent, and of the lists of record sets and appenders whose changes have not
+/// reached their table yet.
 class RunConnection final : public FacetOwner {
  public:
   /// Opens the database; see `OpenRun` for what is raised.
@@ -47,6 +50,8 @@ class RunConnection final : public FacetOwner {
   bool TableExists(std::string_view table_name);
   bool InsertNumbers(std::string_view head, std::span<const double> numbers, std::int32_t row);
 
+  Ref<IRecordAppender> OpenAppender(std::string_view table_name);
+
   /// See `IGuardedTransactions`.
   std::int64_t BeginGuarded() { return Begin(true); }
   void CommitGuarded(std::int64_t token);
@@ -58,6 +63,7 @@ class RunConnection final : public FacetOwner {
 
   TableVersions& Versions() { return versions_; }
   StatementWatch& Watch() { return watch_; }
+  ImageTransfer& Transfer() { return transfer_; }
 
   /// Runs `work()`, which sends statements, and gives its result; refuses to while a transaction
   /// has to be ended first.
@@ -80,12 +86,25 @@ class RunConnection final : public FacetOwner {
   void NotePending(SqliteRecordSet* record_set) { pending_.push_back(record_set); }
   void ForgetPending(SqliteRecordSet* record_set) noexcept;
   /// Writes the pending changes of every record set.
-  void WritePending();
+  void WriteRecordSets();
+
+  /// `appender` is going to have records that its table does not have.
+  void NoteAppending(SqliteRecordAppender* appender) { appending_.push_back(appender); }
+  void ForgetAppended(SqliteRecordAppender* appender) noexcept { std::erase(appending_, appender); }
+  /// Writes the records of every appender.
+  void WriteAppended();
+
+  /// Writes all that is not in its table yet, before a statement that may look there.
+  void WritePending() {
+    WriteAppended();
+    WriteRecordSets();
+  }
 
   /// Runs `work()` in a transaction of its own, nested if there is one already.
   template <class Work>
   void RunInTransaction(Work&& work) {
     Guarded([this, &work] {
+      WriteAppended();
       const std::int64_t token = transactions_.Begin(true);
       try {
         work();
@@ -156,6 +175,17 @@ class RunConnection final : public FacetOwner {
     RunConnection& connection_;
   };
 
+  class RecordAppendingFacet final : public Facet<IRecordAppending> {
+   public:
+    explicit RecordAppendingFacet(RunConnection& owner) : Facet(owner), connection_(owner) {}
+    Ref<IRecordAppender> OpenAppender(std::string_view pTableName) override {
+      return OnlyErrors([&] { return connection_.OpenAppender(pTableName); });
+    }
+
+   private:
+    RunConnection& connection_;
+  };
+
   /// An open database, closed when it goes, after everything that was made with it.
   class OpenDatabase {
    public:
@@ -190,16 +220,23 @@ class RunConnection final : public FacetOwner {
   std::int64_t Begin(bool is_guarded);
   void EndQuietly(std::int64_t token) noexcept;
   void DropPending() noexcept;
+  /// Ends what goes with a transaction alone, when none is open any longer.
+  void TidyUp() noexcept {
+    if (!transactions_.IsInside()) transfer_.Detach();
+  }
 
   OpenDatabase database_;
   TableVersions versions_;
   StatementWatch watch_;
   TransactionStack transactions_;
   LiteralInserter inserter_;
+  ImageTransfer transfer_;
   std::vector<SqliteRecordSet*> pending_;
+  std::vector<SqliteRecordAppender*> appending_;
   ConnectionFacet connection_facet_{*this};
   TransactionsFacet transactions_facet_{*this};
   NumberInserterFacet number_inserter_facet_{*this};
+  RecordAppendingFacet record_appending_facet_{*this};
   ConnectionDispatch dispatch_facet_{*this, connection_facet_};
 };
 

@@ -20,7 +20,10 @@ bool SqliteReader::Read() try {
   on_record_ = false;
   if (!statement_ || at_end_) return false;
   at_end_ = true;  // also when the step fails: another one would begin anew
-  on_record_ = connection_->Guarded([this] { return statement_->Step(); });
+  on_record_ = connection_->Guarded([this] {
+    connection_->WriteAppended();
+    return statement_->Step();
+  });
   at_end_ = !on_record_;
   if (at_end_) statement_->Reset();
   return on_record_;

@@ -32,6 +32,21 @@ class StatementWatch {
   /// Compiles `sql` and tells its effects.
   SqliteStatement Compile(std::string_view sql, StatementEffects& effects);
 
+  /// Runs `work()`, whose statements the caller accounts for, and gives its result.
+  template <class Work>
+  decltype(auto) Quietly(Work&& work) {
+    struct Ignored {
+      explicit Ignored(StatementEffects*& watched) : watched_(watched) { watched_ = &effects_; }
+      Ignored(const Ignored&) = delete;
+      Ignored& operator=(const Ignored&) = delete;
+      ~Ignored() { watched_ = nullptr; }
+      StatementEffects*& watched_;
+      StatementEffects effects_;
+    };
+    const Ignored ignored(effects_);
+    return work();
+  }
+
   /// Whether a statement that writes was compiled outside of `Compile` since the last call: one was
   /// compiled again while it ran, because the schema had changed.
   bool TakeUnseen() { return std::exchange(has_unseen_, false); }

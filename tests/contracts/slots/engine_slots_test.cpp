@@ -9,6 +9,7 @@
 #include "tslm5/engine/data_reader.h"
 #include "tslm5/engine/guarded_transactions.h"
 #include "tslm5/engine/number_inserter.h"
+#include "tslm5/engine/record_appender.h"
 #include "tslm5/engine/record_set.h"
 #include "tslm5/engine/record_texts.h"
 #include "tslm5/engine/run_recovery.h"
@@ -47,6 +48,15 @@ TEST(EngineSlots, RecordSet) {
   ExpectSlots<IRecordSet>(&IRecordSet::Close, &IRecordSet::MoveTo, &IRecordSet::EndOfFile,
                           &IRecordSet::GetField, &IRecordSet::SetField, &IRecordSet::FieldCount,
                           &IRecordSet::RecordCount, &IRecordSet::Update, &IRecordSet::ReadNumber);
+}
+
+TEST(EngineSlots, RecordAppending) {
+  ExpectSlots<IRecordAppending>(&IRecordAppending::OpenAppender);
+}
+
+TEST(EngineSlots, RecordAppender) {
+  ExpectSlots<IRecordAppender>(&IRecordAppender::Columns, &IRecordAppender::AppendNumbers,
+                               &IRecordAppender::AppendCells, &IRecordAppender::Flush);
 }
 
 TEST(EngineSlots, RecordTexts) {
