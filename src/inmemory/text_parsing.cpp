@@ -201,7 +201,8 @@ bool TextParsing::TakeRecords(std::string_view text, std::int32_t rows,
   if (columns != state_.column_count) ParseErrors::RaiseColumnCount(1);
   cells_ = std::make_shared<CellArray>(RowsToHold(rows, columns, text.size()), columns);
   state_.data = cells_;
-  state_.replaced_missing_count = 0;  // a handler may have parsed another text
+  state_.is_ready = false;  // a handler may have parsed another text
+  state_.replaced_missing_count = 0;
   record_ = MakeRecordParsedEventArgs();
   record_->put_Columns(arguments.Columns());
   return FillCells({text, rows, columns}, arguments);

@@ -14,8 +14,8 @@ class IDataSetLiteEvents : public IUnknown {
   /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000024ULL, 0x8a1f4c0b6d2e7324ULL};
 
-  /// Once, before a data check reads its file, whose name is `Source`. `Cancel` ends the check at
-  /// its first row.
+  /// Once, before a data check reads its file, whose name is `Source`. `Cancel` ends the check,
+  /// whose result is false then, without a message.
   virtual void BeforeDataCheck(IParseEventArgs* pEvArgs) = 0;
   /// At each end of a data check, the result in `Message`; twice when a handler cancelled (meant).
   virtual void AfterDataCheck(IParseEventArgs* pEvArgs) = 0;
@@ -42,8 +42,8 @@ class IInMemorySetEvents : public IUnknown {
   /// For `QueryInterface`, `Query` and `Ref::As`.
   static constexpr Uuid kId{0x54534c4d35000025ULL, 0x8a1f4c0b6d2e7325ULL};
 
-  /// Once, before a data check reads its file, whose name is `Source`. `Cancel` ends the check at
-  /// its first row.
+  /// Once, before a data check reads its file, whose name is `Source`. `Cancel` ends the check,
+  /// whose result is false then, without a message.
   virtual void BeforeDataCheck(IParseEventArgs* pEvArgs) = 0;
   /// At each end of a data check, the result in `Message`; twice when a handler cancelled (meant).
   virtual void AfterDataCheck(IParseEventArgs* pEvArgs) = 0;
