@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""Fails when an #include climbs.
+"""Fails when an #include climbs, or SQL stands where it does not belong.
 
     scripts/check_floors.py [ROOT]
 
 Reads every #include under include/, src/, host/, tests/, fuzz/, bench/ and examples/ of ROOT (by default
 the project this script belongs to) and holds it to the rules of the house, which docs/architecture.md
-explains. Prints one line for each include that breaks a rule; exit code 0 none, 1 some, 2 nothing read.
+explains; looks for statements of SQL in the texts of src/, host/ and examples/ as well. Prints one line
+for each that breaks a rule; exit code 0 none, 1 some, 2 nothing read.
 """
 
 import re
@@ -54,6 +55,15 @@ LOADING_HEADERS = {"dlfcn.h", "unistd.h"}
 SQLITE_HEADERS = {"sqlite3.h", "sqlite3ext.h"}
 SQLITE_FOLDERS = ("src/engine/", "tests/engine/", "bench/")
 
+# Where a text may hold SQL, among the folders whose texts are looked at.
+SQL_FOLDERS = ("src/engine/", "src/storage/", "src/run/", "src/statistics/")
+SQL_LOOKED_AT = ("src/", "host/", "examples/")
+TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
+SQL = re.compile(
+    r"\b(SELECT|INSERT INTO|REPLACE INTO|DELETE FROM|UPDATE \S+ SET|PRAGMA|SAVEPOINT|ATTACH|"
+    r"(CREATE|DROP|ALTER) (TABLE|VIEW|INDEX|TRIGGER))\b"
+)
+
 FOLDERS = ("include", "src", "host", "tests", "fuzz", "bench", "examples")
 SUFFIXES = {".h", ".hpp", ".hh", ".inc", ".ipp", ".c", ".cc", ".cpp", ".cxx"}
 SEARCH_PATHS = ("include", "src", "tests", ".")
@@ -74,11 +84,11 @@ class Place(NamedTuple):
 class Finding(NamedTuple):
     path: str
     line_number: int
-    included: str
+    found: str
     reason: str
 
     def __str__(self) -> str:
-        return f"{self.path}:{self.line_number}: includes {self.included}: {self.reason}"
+        return f"{self.path}:{self.line_number}: {self.found}: {self.reason}"
 
 
 def place_of(path: str) -> Place:
@@ -204,24 +214,36 @@ def source_files(root: Path) -> Iterator[Path]:
                 yield path
 
 
+def sql_findings(path: str, lines: list[str]) -> Iterator[Finding]:
+    """The statements of SQL in the texts of the file at `path`, where it may have none."""
+    if not path.startswith(SQL_LOOKED_AT) or path.startswith(SQL_FOLDERS):
+        return
+    for line_number, line in enumerate(lines, start=1):
+        for match in TEXT.finditer(re.split(r"(?<!:)//", line)[0]):
+            if SQL.search(match.group(1)):
+                yield Finding(path, line_number, match.group(0), "SQL belongs to src/storage/ and src/run/")
+
+
 def check_file(root: Path, file: Path) -> tuple[int, list[Finding]]:
-    """The number of includes in `file`, and those of them that break a rule."""
+    """The number of includes in `file`, and what in it breaks a rule."""
     path = file.relative_to(root).as_posix()
     count = 0
     findings = []
     text = file.read_text(encoding="utf-8", errors="replace")
-    for line_number, line in enumerate(text.splitlines(), start=1):
+    lines = text.splitlines()
+    findings.extend(sql_findings(path, lines))
+    for line_number, line in enumerate(lines, start=1):
         match = INCLUDE.match(line)
         if not match:
             continue
         count += 1
         angled, quoted, other = match.groups()
         if other:
-            findings.append(Finding(path, line_number, other, "an include names its file plainly"))
+            findings.append(Finding(path, line_number, f"includes {other}", "an include names its file plainly"))
             continue
         reason = check_include(root, path, angled or quoted, bool(quoted))
         if reason:
-            findings.append(Finding(path, line_number, angled or quoted, reason))
+            findings.append(Finding(path, line_number, f"includes {angled or quoted}", reason))
     return count, findings
 
 

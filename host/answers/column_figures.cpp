@@ -1,7 +1,5 @@
 #include "host/answers/column_figures.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -9,48 +7,16 @@
 #include "host/program/interruption.h"
 
 namespace tslm5::host {
-namespace {
 
-constexpr double kMissingFigure = -9999.0;  // what the run stores for a figure there is none of
-
-std::optional<double> ReadFigure(IDataReader& reader, std::int32_t field) {
-  const double value = reader.GetDouble(field);
-  if (reader.IsNull(field) || value == kMissingFigure) return std::nullopt;
-  return value;
-}
-
-}  // namespace
-
-std::vector<ColumnFigures> ReadColumnFigures(const RunSession& session, std::int32_t type) {
-  std::vector<ColumnFigures> columns;
-  if (!session.Connection().TableExists("DataSetStatistics")) return columns;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-      fmt::format("SELECT ColumnIndex, Centroid, Medoid, Minimum, Maximum, StandardDeviation FROM "
-                  "DataSetStatistics WHERE DataSetId = {} ORDER BY ColumnIndex",
-                  type));
-  while (reader->Read()) {
-    columns.push_back({reader->GetInteger(0), ReadFigure(*reader, 1), ReadFigure(*reader, 2),
-                       ReadFigure(*reader, 3), ReadFigure(*reader, 4), ReadFigure(*reader, 5)});
-  }
+std::vector<RunFigures> ReadColumnFigures(const RunSession& session, std::int32_t type) {
+  std::vector<RunFigures> columns;
+  session.Figures().ReadFigures(type, columns);
   return columns;
 }
 
-std::vector<ClassFigures> ReadClassFigures(const RunSession& session, std::int32_t type) {
-  std::vector<ClassFigures> classes;
-  if (!session.Connection().TableExists("DataSetClassStatistics")) return classes;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-      fmt::format("SELECT Class, ColumnId, Centroid, Medoid, Minimum, Maximum, RecordCount FROM "
-                  "DataSetClassStatistics WHERE DataSetId = {} ORDER BY Class, ColumnId",
-                  type));
-  while (reader->Read()) {
-    const double value = reader->GetDouble(0);
-    if (classes.empty() || classes.back().value != value) {
-      classes.push_back({value, reader->GetInteger(6), {}});
-    }
-    classes.back().columns.push_back({reader->GetInteger(1), ReadFigure(*reader, 2),
-                                      ReadFigure(*reader, 3), ReadFigure(*reader, 4),
-                                      ReadFigure(*reader, 5), std::nullopt});
-  }
+std::vector<RunClassFigures> ReadClassFigures(const RunSession& session, std::int32_t type) {
+  std::vector<RunClassFigures> classes;
+  session.Figures().ReadClassFigures(type, classes);
   return classes;
 }
 

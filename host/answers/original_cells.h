@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "tslm5/engine/connection.h"
+#include "tslm5/engine/data_reader.h"
 #include "tslm5/platform/ref.h"
+#include "tslm5/run/run_originals.h"
 
 namespace tslm5::host {
 
@@ -17,8 +17,8 @@ namespace tslm5::host {
 /// keys. Let it go before the run.
 class OriginalCells {
  public:
-  /// Of the records of `table` from `first_row` (0-based) on, the cells of `columns` (0-based).
-  OriginalCells(IConnection& connection, std::string_view table,
+  /// Of the records of set `type` from `first_row` (0-based) on, the cells of `columns` (0-based).
+  OriginalCells(IRunOriginals& originals, std::int32_t type,
                 const std::vector<std::int32_t>& columns, std::int32_t first_row);
   OriginalCells(const OriginalCells&) = delete;
   OriginalCells& operator=(const OriginalCells&) = delete;

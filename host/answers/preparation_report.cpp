@@ -62,7 +62,7 @@ std::string TokensText(const PreparedLoad& load) {
 }
 
 std::string ScaleSubject(const PreparedLoad& load) {
-  if (load.preparation.scale.type == RunScale::kNone) return {};
+  if (load.preparation.scale.type == normalization_type::kNone) return {};
   std::vector<std::string> labels;
   for (std::size_t i = 0; i < load.preparation.columns.size(); ++i) {
     if (load.preparation.columns[i].is_scaled) labels.push_back(LabelOf(load, i));

@@ -24,21 +24,21 @@ std::string ColumnTable(const StatsReport& report) {
   std::vector<TableLine> lines = {
       {"column", "centroid", "medoid", "minimum", "maximum", "deviation"}};
   for (std::size_t i = 0; i < report.columns.size(); ++i) {
-    const ColumnFigures& column = report.columns[i];
-    TableLine line = {Cut(LabelOf(report, column.index)), FigureText(column.centroid),
-                      FigureText(column.medoid),          FigureText(column.minimum),
-                      FigureText(column.maximum),         FigureText(column.deviation)};
+    const RunFigures& column = report.columns[i];
+    TableLine line = {Cut(LabelOf(report, column.column)), FigureText(column.centroid),
+                      FigureText(column.medoid),           FigureText(column.minimum),
+                      FigureText(column.maximum),          FigureText(column.deviation)};
     if (i < report.histograms.size()) line.push_back(report.histograms[i]);
     lines.push_back(std::move(line));
   }
   return AlignedTable(lines, kFigures);
 }
 
-std::string ClassTable(const StatsReport& report, const ClassFigures& one) {
+std::string ClassTable(const StatsReport& report, const RunClassFigures& one) {
   constexpr std::size_t kFigures = 4;
   std::vector<TableLine> lines = {{"column", "centroid", "medoid", "minimum", "maximum"}};
-  for (const ColumnFigures& column : one.columns) {
-    lines.push_back({Cut(LabelOf(report, column.index)), FigureText(column.centroid),
+  for (const RunFigures& column : one.columns) {
+    lines.push_back({Cut(LabelOf(report, column.column)), FigureText(column.centroid),
                      FigureText(column.medoid), FigureText(column.minimum),
                      FigureText(column.maximum)});
   }
@@ -52,11 +52,11 @@ nlohmann::ordered_json Figure(const std::optional<double>& figure) {
 }
 
 nlohmann::ordered_json ColumnsJson(const StatsReport& report,
-                                   const std::vector<ColumnFigures>& columns, bool of_class) {
+                                   const std::vector<RunFigures>& columns, bool of_class) {
   nlohmann::ordered_json list = nlohmann::ordered_json::array();
-  for (const ColumnFigures& column : columns) {
-    nlohmann::ordered_json one = {{"index", column.index},
-                                  {"label", LabelOf(report, column.index)},
+  for (const RunFigures& column : columns) {
+    nlohmann::ordered_json one = {{"index", column.column},
+                                  {"label", LabelOf(report, column.column)},
                                   {"centroid", Figure(column.centroid)},
                                   {"medoid", Figure(column.medoid)},
                                   {"minimum", Figure(column.minimum)},
@@ -75,7 +75,7 @@ std::string StatsText(const StatsReport& report) {
   if (report.classes.empty()) {
     text += "\nno figures by class: the response has more than two values\n";
   }
-  for (const ClassFigures& one : report.classes) text += ClassTable(report, one);
+  for (const RunClassFigures& one : report.classes) text += ClassTable(report, one);
   return text;
 }
 
@@ -84,7 +84,7 @@ std::string StatsJson(const StatsReport& report) {
                                    {"columns", ColumnsJson(report, report.columns, false)}};
   if (report.by_class) {
     object["classes"] = nlohmann::ordered_json::array();
-    for (const ClassFigures& one : report.classes) {
+    for (const RunClassFigures& one : report.classes) {
       object["classes"].push_back({{"class", one.value},
                                    {"recordCount", one.records},
                                    {"columns", ColumnsJson(report, one.columns, true)}});

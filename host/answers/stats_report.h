@@ -12,10 +12,10 @@ namespace tslm5::host {
 struct StatsReport {
   std::string set;
   std::vector<std::string> labels;  ///< by column index
-  std::vector<ColumnFigures> columns;
+  std::vector<RunFigures> columns;
   std::vector<std::string> histograms;  ///< one a column, or none
   bool by_class = false;
-  std::vector<ClassFigures> classes;
+  std::vector<RunClassFigures> classes;
 };
 
 /// A table for people, six digits a figure; one more a class.

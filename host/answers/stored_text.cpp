@@ -10,17 +10,11 @@ namespace tslm5::host {
 
 std::vector<std::string> WarningsOfStoredText(const RunSession& session, const SetName& set,
                                               const std::vector<std::string>& labels) {
-  std::string counts;
-  for (std::size_t column = 0; column < labels.size(); ++column) {
-    counts += fmt::format("{}COUNT(CASE WHEN typeof(d{}) = 'text' THEN 1 END)",
-                          column > 0 ? ", " : "", column);
-  }
+  std::vector<std::int32_t> counts;
+  session.Sets().CountTexts(set.type, counts);
   std::vector<std::string> warnings;
-  const Ref<IDataReader> reader =
-      session.Connection().ExecuteReader(fmt::format("SELECT {} FROM {}", counts, set.table));
-  if (!reader->Read()) return warnings;
-  for (std::size_t column = 0; column < labels.size(); ++column) {
-    const std::int32_t count = reader->GetInteger(static_cast<std::int32_t>(column));
+  for (std::size_t column = 0; column < labels.size() && column < counts.size(); ++column) {
+    const std::int32_t count = counts[column];
     if (count == 0) continue;
     warnings.push_back(fmt::format(
         "{} holds text in {} cell{} of the {} set: the mean counts a text as 0 and the maximum is "

@@ -2,6 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
+#include "host/answers/column_figures.h"
+#include "host/preparation/run_preparation.h"
 #include "host/program/common_options.h"
 #include "host/program/failure.h"
 #include "host/program/shown_text.h"
@@ -33,20 +37,20 @@ OriginalView::OriginalView(const OriginalOptions& options)
 }
 
 void OriginalView::RequireSets(const OriginalOptions& options) const {
-  const auto require = [&](const char* table, const char* name) {
-    if (session_.Connection().TableExists(table)) return;
+  const auto require = [&](std::int32_t type, const char* name) {
+    if (session_.Sets().HasSet(type)) return;
     throw Failure(ExitCode::kTrouble, fmt::format("{} has no {} set (tslm5 info tells what it has)",
                                                   Escaped(options.run), name));
   };
-  if (options.set_type == data_set_type::kTesting) require("TestingSet", "testing");
-  require("TrainingSet", "training");
-  const std::int32_t columns = session_.ColumnsOf("OriginalData");
+  if (options.set_type == data_set_type::kTesting) require(data_set_type::kTesting, "testing");
+  require(data_set_type::kTraining, "training");
+  const std::int32_t columns = session_.Originals().Columns();
   if (columns == 0) {
     throw Failure(ExitCode::kTrouble,
                   fmt::format("{} keeps no original texts", Escaped(options.run)));
   }
-  const auto require_width = [&](const char* table, const char* name) {
-    const std::int32_t width = session_.ColumnsOf(table);
+  const auto require_width = [&](std::int32_t type, const char* name) {
+    const std::int32_t width = session_.Sets().SetColumns(type);
     if (width == 0 || width == columns) return;
     throw Failure(
         ExitCode::kTrouble,
@@ -56,25 +60,29 @@ void OriginalView::RequireSets(const OriginalOptions& options) const {
   };
   const bool wants_all = options.set_type == data_set_type::kUnknown;
   if (wants_all) return;
-  if (options.set_type != data_set_type::kTesting) require_width("TrainingSet", "training");
-  if (options.set_type != data_set_type::kTraining) require_width("TestingSet", "testing");
+  if (options.set_type != data_set_type::kTesting)
+    require_width(data_set_type::kTraining, "training");
+  if (options.set_type != data_set_type::kTraining)
+    require_width(data_set_type::kTesting, "testing");
 }
 
 void OriginalView::RequireClasses(const OriginalOptions& options) const {
-  const std::int32_t problem = session_.ReadInteger(
-      "SELECT intvalue FROM RunParameters WHERE namespace = 'set_gen' AND element = "
-      "'ProblemCategory'");
+  const std::int32_t problem = ReadProblem(session_);
   if (!HasClassedResponse(problem)) {
     RefuseClasses(
         fmt::format("the run's problem is {}; a response has classes where the problem "
                     "is classification or binary (tslm5 load --problem)",
                     ProblemName(problem)));
   }
-  const std::int32_t maxima = session_.ReadInteger(fmt::format(
-      "SELECT COUNT(*) FROM DataSetStatistics WHERE Maximum IS NOT NULL AND DataSetId IN ({}, {}) "
-      "AND ColumnIndex = (SELECT ColumnIndex FROM DataSetColumn WHERE IsResponse = 1)",
-      data_set_type::kTraining, is_combined_ ? data_set_type::kTraining : options.set_type));
-  if (maxima == 0) {
+  const std::int32_t response = ResponseColumn();
+  bool has_maximum = false;
+  for (const std::int32_t type :
+       {data_set_type::kTraining, is_combined_ ? data_set_type::kTraining : options.set_type}) {
+    for (const RunFigures& one : ReadColumnFigures(session_, type)) {
+      has_maximum = has_maximum || (one.column == response && one.maximum);
+    }
+  }
+  if (!has_maximum) {
     RefuseClasses("the run has no statistics, which tell the largest class (tslm5 stats)");
   }
   if (is_combined_ && !ClassesAreNumbers()) {
@@ -84,17 +92,21 @@ void OriginalView::RequireClasses(const OriginalOptions& options) const {
   }
 }
 
-bool OriginalView::ClassesAreNumbers() const {
-  const Ref<IDataReader> reader = session_.Connection().ExecuteReader(
-      "SELECT NominalValue, NumericValue FROM DataSetColumnCategories WHERE Name = 'd' || (SELECT "
-      "ColumnIndex FROM DataSetColumn WHERE IsResponse = 1)");
-  while (reader->Read()) {
-    double number = 0.0;
-    if (!ParseNumber(reader->GetString(0), '.', number) || number != reader->GetDouble(1)) {
-      return false;
-    }
+std::int32_t OriginalView::ResponseColumn() const {
+  const std::vector<RunColumn> columns = ColumnsOf(session_);
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    if (columns[i].is_response) return static_cast<std::int32_t>(i);
   }
-  return true;
+  return -1;
+}
+
+bool OriginalView::ClassesAreNumbers() const {
+  std::vector<RunCategory> classes;
+  session_.Categories().ReadColumnCategories(ResponseColumn(), false, classes);
+  return std::all_of(classes.begin(), classes.end(), [](const RunCategory& one) {
+    double number = 0.0;
+    return ParseNumber(one.text, '.', number) && number == one.code;
+  });
 }
 
 std::vector<std::string> OriginalView::Labels() const {
@@ -108,11 +120,9 @@ std::vector<std::string> OriginalView::Labels() const {
   for (std::int32_t i = 0; i < columns; ++i) {
     labels.push_back(i == columns - 1 ? "y" : fmt::format("d{}", i));
   }
-  const Ref<IDataReader> reader = session_.Connection().ExecuteReader(
-      "SELECT Label FROM OriginalDataLabels WHERE SetId = 1 ORDER BY ColumnIndex");
-  for (std::size_t i = 0; i < labels.size() && reader->Read(); ++i) {
-    labels[i] = reader->GetString(0);
-  }
+  std::vector<std::string> kept;
+  session_.Columns().ReadOriginalLabels(kept);
+  std::copy_n(kept.begin(), std::min(kept.size(), labels.size()), labels.begin());
   return labels;
 }
 

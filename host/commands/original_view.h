@@ -1,6 +1,7 @@
 #ifndef TSLM5_HOST_COMMANDS_ORIGINAL_VIEW_H_
 #define TSLM5_HOST_COMMANDS_ORIGINAL_VIEW_H_
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ class OriginalView {
  private:
   void RequireSets(const OriginalOptions& options) const;
   void RequireClasses(const OriginalOptions& options) const;
+  /// The response's column, -1 where the run tells of none.
+  std::int32_t ResponseColumn() const;
   /// Whether every class of the response is called by the number that the run has for it.
   bool ClassesAreNumbers() const;
 

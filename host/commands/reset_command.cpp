@@ -7,7 +7,6 @@
 #include "host/preparation/run_change.h"
 #include "host/preparation/run_history.h"
 #include "host/preparation/run_metadata.h"
-#include "host/preparation/run_originals.h"
 #include "host/preparation/run_session.h"
 #include "host/preparation/series_labels.h"
 #include "host/preparation/statistics_feedback.h"
@@ -51,11 +50,11 @@ const char* NameOf(Step step) {
 void Reset(const RunSession& session, const ResetOptions& options,
            const Ref<ITimeSeriesChanges>& changes) {
   const std::string run = Escaped(options.run);
-  if (!session.Connection().TableExists("TestingSet")) {
+  if (!session.Sets().HasSet(data_set_type::kTesting)) {
     Refuse(fmt::format("{} has no testing set, so there is nothing to reset the training set to",
                        run));
   }
-  if (!session.Connection().TableExists("TrainingSetBackup")) {
+  if (!session.Sets().HasBackup()) {
     Refuse(
         fmt::format("{} has no table to keep the training set of before in; load the training "
                     "set again",
@@ -75,7 +74,7 @@ ResetRun ResetInSession(const RunSession& session, const ResetOptions& options) 
   const Ref<IDataSet> training = RequireTrainingSet(session, options.run);
   const Ref<ITimeSeriesChanges> changes = training.As<ITimeSeriesChanges>();
   ResetRun done;
-  done.former_backup_rows = BackupRows(session);
+  done.former_backup_rows = session.Sets().BackupRows();
   if (options.step != Step::kReset) RequireBackup(done, options);
   session.CreateSchema();
   if (options.step == Step::kReset) Reset(session, options, changes);
@@ -83,12 +82,12 @@ ResetRun ResetInSession(const RunSession& session, const ResetOptions& options) 
   if (options.step == Step::kKeep) changes->ClearReset();
   done.rows = training->Rows();
   done.columns = training->Columns();
-  done.backup_rows = BackupRows(session);
+  done.backup_rows = session.Sets().BackupRows();
   if (options.step != Step::kKeep) {
-    const std::int32_t texts = session.ColumnsOf("OriginalData");
-    if (texts > 0 && texts < done.columns) FitOriginals(session, done.columns);
+    const std::int32_t texts = session.Originals().Columns();
+    if (texts > 0 && texts < done.columns) session.Originals().Fit(done.columns);
     FitLabels(session, *training);
-    ForgetStatistics(session, data_set_type::kTraining);
+    session.Figures().DropFigures(data_set_type::kTraining);
     Progress progress(Terminal::OfStandardError());
     ComputeStatistics(*training, progress);
   }

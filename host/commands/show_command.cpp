@@ -36,7 +36,7 @@ Ref<IDataSet> RequireSet(const RunSession& session, const ShowOptions& options) 
 void RequireOriginals(const RunSession& session, const ShowOptions& options, std::int32_t columns) {
   const bool is_plain =
       options.set->type == data_set_type::kTraining || options.set->type == data_set_type::kTesting;
-  if (is_plain && session.ColumnsOf("OriginalData") >= columns) return;
+  if (is_plain && session.Originals().Columns() >= columns) return;
   throw Failure(ExitCode::kTrouble,
                 fmt::format("the run keeps no original texts of the {} set", options.set->name));
 }
@@ -48,8 +48,8 @@ class StoredRecords final : public RecordCells {
                 std::int32_t first_row, std::int32_t end_row)
       : data_set_(data_set), columns_(columns), row_(first_row - 1), end_row_(end_row) {}
 
-  void ReadOriginals(IConnection& connection, std::string_view table) {
-    originals_.emplace(connection, table, columns_, row_ + 1);
+  void ReadOriginals(IRunOriginals& originals, std::int32_t type) {
+    originals_.emplace(originals, type, columns_, row_ + 1);
   }
 
   bool Next() override {
@@ -93,7 +93,7 @@ void RunShow(const ShowOptions& options, Output& output) {
   }
   selection.walk = [&](std::int32_t first_row, std::int32_t end_row) {
     auto records = std::make_unique<StoredRecords>(*data_set, columns, first_row, end_row);
-    if (options.originals) records->ReadOriginals(session.Connection(), options.set->table);
+    if (options.originals) records->ReadOriginals(session.Originals(), options.set->type);
     return records;
   };
   WriteRecords(std::move(selection), data_set->Rows(), options.records, output);

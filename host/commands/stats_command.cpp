@@ -70,8 +70,8 @@ void RunStats(const StatsOptions& options, Output& output) {
   if (options.by_class) report.classes = ReadClassFigures(session, options.set->type);
   if (options.json) return output.Write(StatsJson(report));
   if (isatty(STDOUT_FILENO) != 0) {
-    for (const ColumnFigures& column : report.columns) {
-      report.histograms.push_back(Histogram(*data_set, column.index, kHistogramBins));
+    for (const RunFigures& column : report.columns) {
+      report.histograms.push_back(Histogram(*data_set, column.column, kHistogramBins));
     }
   }
   output.Write(StatsText(report));

@@ -1,7 +1,5 @@
 #include "host/preparation/coded_column.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,20 +12,14 @@
 namespace tslm5::host {
 namespace {
 
-/// The categories by text, or by number where the column holds numbers. They are read from their
-/// table, because the component's answer holds each text several times.
+/// The categories by text, or by number where the column holds numbers. The component's own answer
+/// holds each text several times.
 std::vector<CodedCategory> ReadCategories(const RunSession& session, const CodedColumn& column) {
+  std::vector<RunCategory> kept;
+  session.Categories().ReadColumnCategories(column.index, !column.is_categorical, kept);
   std::vector<CodedCategory> categories;
-  IConnection& connection = session.Connection();
-  if (!connection.TableExists("DataSetColumnCategories")) return categories;
-  const Ref<IDataReader> reader = connection.ExecuteReader(fmt::format(
-      "SELECT NominalValue, NumericValue, CategoryCount FROM DataSetColumnCategories WHERE Name = "
-      "'d{}' ORDER BY {}",
-      column.index, column.is_categorical ? "NominalValue" : "CAST(NominalValue AS float)"));
-  while (reader->Read()) {
-    categories.push_back({reader->GetString(0), reader->GetDouble(1), reader->GetInteger(2)});
-  }
-  reader->Close();
+  categories.reserve(kept.size());
+  for (const RunCategory& one : kept) categories.push_back({one.text, one.code, one.count});
   return categories;
 }
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "host/preparation/embedded_originals.h"
 #include "host/preparation/run_history.h"
 #include "host/preparation/run_metadata.h"
 #include "host/preparation/run_preparation.h"
@@ -48,21 +47,22 @@ void RequireOneColumn(const RunSession& session, IDataSet& series) {
 
 /// Whether the records can be taken for values in order of time.
 void RequireSeries(const RunSession& session) {
-  if (session.ReadInteger("SELECT COUNT(*) FROM DataSetColumn WHERE IsNominal = 1") > 0) {
-    Refuse("the series holds words, which were coded; only numbers can be embedded");
+  for (const RunColumn& column : ColumnsOf(session)) {
+    if (column.is_nominal) {
+      Refuse("the series holds words, which were coded; only numbers can be embedded");
+    }
   }
   const std::int32_t problem = ReadProblem(session);
   if (problem != problem_category::kRegression && problem != problem_category::kTimeSeries) {
     Refuse(fmt::format("the run is for {}; load the series with --problem timeseries",
                        ProblemName(problem)));
   }
-  if (!session.Connection().TableExists("TestingSet")) return;
+  IRunCatalog& sets = session.Sets();
+  if (!sets.HasRecords(data_set_type::kTesting)) return;
   const bool is_mixed =
-      session.ReadInteger("SELECT (SELECT MIN(row) FROM TestingSet) < MAX(row) FROM TrainingSet");
+      sets.FirstKey(data_set_type::kTesting) < sets.LastKey(data_set_type::kTraining);
   // After a reset the keys of both sets are the same.
-  const bool is_same = session.ReadInteger(
-      "SELECT COUNT(*) FROM TestingSet WHERE row IN (SELECT row FROM TrainingSet)");
-  if (is_mixed && !is_same) {
+  if (is_mixed && !sets.SetsShareKeys()) {
     Refuse("the training set is no series: the testing records were drawn from among its values");
   }
 }
@@ -79,27 +79,11 @@ void RequireLength(const EmbedOptions& options, std::int32_t rows) {
                   rows, options.dimension, options.delay, testing, needed));
 }
 
-/// Writes how many cells of each column are missing, counted in one scan of the training set.
-void CountMissing(const RunSession& session, std::int32_t columns) {
-  std::string counts;
-  for (std::int32_t column = 0; column < columns; ++column) {
-    counts += fmt::format("{}COUNT(*) - COUNT(d{})", counts.empty() ? "" : ", ", column);
-  }
-  IConnection& connection = session.Connection();
-  const Ref<IDataReader> reader =
-      connection.ExecuteReader(fmt::format("SELECT {} FROM TrainingSet", counts));
-  reader->Read();
+/// Writes how many cells of each column are missing.
+void CountMissing(const RunSession& session) {
   std::vector<std::int32_t> missing;
-  missing.reserve(static_cast<std::size_t>(columns));
-  for (std::int32_t column = 0; column < columns; ++column) {
-    missing.push_back(reader->GetInteger(column));
-  }
-  reader->Close();
-  for (std::int32_t column = 0; column < columns; ++column) {
-    connection.Execute(
-        fmt::format("UPDATE DataSetColumn SET MissingCount = {} WHERE ColumnIndex = {}",
-                    missing[static_cast<std::size_t>(column)], column));
-  }
+  session.Sets().CountMissing(data_set_type::kTraining, missing);
+  session.Columns().WriteMissingCounts(missing);
 }
 
 void Note(const RunSession& session, const EmbedOptions& options, const EmbeddedRun& embedded) {
@@ -148,34 +132,34 @@ void SetProperties(IDataSet& series, const EmbedOptions& options) {
 EmbeddedRun EmbedInSession(const RunSession& session, const EmbedOptions& options) {
   EmbeddedRun embedded;
   session.CreateSchema();
-  if (BackupRows(session) > 0) {
+  if (session.Sets().BackupRows() > 0) {
     embedded.warnings.emplace_back("the reset of before can no longer be undone");
   }
   DropTestingSamples(session);
   const Ref<IDataSet> series = OpenSeries(session, options);
   embedded.series_rows = series->Rows();
   const std::string series_label = LabelsOf(*series).front();
-  const std::int32_t missing =
-      session.ReadInteger("SELECT COUNT(*) FROM TrainingSet WHERE d0 IS NULL");
+  std::vector<std::int32_t> missing;
+  session.Sets().CountMissing(data_set_type::kTraining, missing);
   const auto records =
       static_cast<std::int32_t>(series->Rows() - LagOf(options, 0) - TestingSpan(options));
 
   const bool has_originals =
-      WriteEmbeddedOriginals(session, options.dimension, options.delay, records);
+      session.Originals().WriteEmbedded(options.dimension, options.delay, records);
   SetProperties(*series, options);
   if (!series->FormatDataAs(0)) {
     throw Failure(ExitCode::kTrouble,
                   "the series could not be embedded: it holds an infinite value, or the run could "
                   "not be written");
   }
-  if (has_originals) TakeEmbeddedOriginals(session);
+  if (has_originals) session.Originals().TakeEmbedded();
   embedded.records = series->Rows();
 
   ForgetFormerSet(session, data_set_type::kTraining);
   KeepSeriesLabel(session, series_label);
   WriteEmbeddingLabels(session, *series, {options.dimension, options.delay});
   embedded.labels = LabelsOf(*series);
-  if (missing > 0) CountMissing(session, series->Columns());
+  if (missing.front() > 0) CountMissing(session);
   WriteEmbeddedFigures(session, series->Columns());
   WriteProblem(session, problem_category::kTimeSeries);
 

@@ -1,11 +1,10 @@
 #include "host/preparation/gap_column.h"
 
-#include <fmt/format.h>
-
 #include <string_view>
 
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
+#include "tslm5/contracts/codes.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/missing_metadata.h"
 #include "tslm5/contracts/nominal_metadata.h"
@@ -47,19 +46,14 @@ GapToken ParseToken(const std::string& mapping) {
 }
 
 void CountOpenCells(const RunSession& session, GapColumn& column) {
-  for (const char* table : {"TrainingSet", "TestingSet"}) {
-    if (!session.Connection().TableExists(table)) continue;
-    const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-        fmt::format("SELECT od.d{0}, COUNT(*) FROM {1} t JOIN OriginalData od ON od.row = t.row "
-                    "WHERE t.d{0} IS NULL GROUP BY od.d{0}",
-                    column.index, table));
-    while (reader->Read()) {
-      const std::string text = reader->GetString(0);
+  std::vector<RunTextCount> texts;
+  for (const std::int32_t type : {data_set_type::kTraining, data_set_type::kTesting}) {
+    session.MissingValues().CountOpenTexts(type, column.index, texts);
+    for (const RunTextCount& one : texts) {
       for (GapToken& token : column.tokens) {
-        if (token.text == text) token.open += reader->GetInteger(1);
+        if (token.text == one.text) token.open += one.count;
       }
     }
-    reader->Close();
   }
 }
 

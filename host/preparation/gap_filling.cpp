@@ -17,8 +17,6 @@
 namespace tslm5::host {
 namespace {
 
-constexpr std::int32_t kZScore = 1;
-
 double ValueOf(const RunSession& session, const Ref<IDataSet>& data_set, std::int32_t column,
                const ReplacementChoice& choice) {
   switch (choice.type) {
@@ -37,7 +35,7 @@ double ValueOf(const RunSession& session, const Ref<IDataSet>& data_set, std::in
 void RaiseWhatTheRunSays(const RunSession& session, const GapColumn& column) {
   for (const GapToken& token : column.tokens) {
     if (!token.replacement) continue;
-    WriteCellsOf(session, column.index, token.text, NumberText(*token.replacement));
+    WriteCellsOf(session, column.index, token.text, *token.replacement);
   }
 }
 
@@ -49,10 +47,10 @@ std::string Reason(const RunSession& session, const Ref<IDataSet>& data_set, std
     return lite->GetMissingStatisticsValue(column, name);
   };
   try {
-    if (type == kZScore && figure("StandardDeviation") == 0.0) {
+    if (type == normalization_type::kZScore && figure("StandardDeviation") == 0.0) {
       return "the run is normalised, and the values of the column do not deviate";
     }
-    if (type > kZScore && figure("Minimum") == figure("Maximum")) {
+    if (type > normalization_type::kZScore && figure("Minimum") == figure("Maximum")) {
       return "the run is normalised, and the column's minimum and maximum are equal";
     }
   } catch (const Error&) {
@@ -72,7 +70,7 @@ void ChooseReplacements(const RunSession& session, const Ref<IDataSet>& data_set
     const double value = ValueOf(session, data_set, column.index, choice);
     metadata->UpdateMissing(column.index, choice.token, value, choice.type);
     if (choice.type != replacement_type::kNone) continue;
-    WriteCellsOf(session, column.index, choice.token, "NULL");
+    WriteCellsOf(session, column.index, choice.token, std::numeric_limits<double>::quiet_NaN());
   }
 }
 
@@ -93,7 +91,7 @@ void FillGaps(const RunSession& session, const Ref<IDataSet>& data_set, const Ga
   // Codes have no scale. The component's arithmetic leaves them as they are but for its rounding.
   for (const GapToken& token : column.tokens) {
     if (!token.replacement) continue;
-    WriteCellsOf(session, column.index, token.text, NumberText(*token.replacement));
+    WriteCellsOf(session, column.index, token.text, *token.replacement);
   }
 }
 

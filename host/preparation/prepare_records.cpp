@@ -75,7 +75,7 @@ void ScaleColumn(std::vector<double>& values, std::size_t columns, std::size_t i
                  std::vector<std::string>& warnings) {
   const bool is_response = index + 1 == columns;
   column.figures = ComputeFigures(ColumnOf(values, columns, index));
-  if (scale.type == RunScale::kNone) return;
+  if (scale.type == normalization_type::kNone) return;
   const bool is_number = !column.is_nominal && !is_response;
   column.is_scaled = is_number && CanScale(scale, column.figures);
   if (is_number && !column.is_scaled) {

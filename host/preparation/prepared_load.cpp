@@ -72,13 +72,13 @@ class Store {
       KeepSplit(table, split, rule);
     } else {
       const auto rows = static_cast<std::int32_t>(table.Records());
-      const std::int32_t first = ArrangeRowKeys(session_, data_set_type::kTraining, rows,
-                                                static_cast<std::int32_t>(table.columns));
-      WriteOriginals(session_.Connection(), table, split.training,
+      const std::int32_t first = session_.Originals().MakeRoom(
+          data_set_type::kTraining, rows, static_cast<std::int32_t>(table.columns));
+      WriteOriginals(session_.Originals(), table, split.training,
                      KeysFrom(first, split.training.size()), progress_);
       if (testing != nullptr) {
         AddTesting(testing->table, rule);
-      } else if (session_.Connection().TableExists("TestingSet")) {
+      } else if (session_.Sets().HasSet(data_set_type::kTesting)) {
         PrepareTestingAnew(table, rule);
       }
     }
@@ -89,7 +89,7 @@ class Store {
   PreparedLoad Testing(const FieldFile& main) {
     const FieldTable& table = main.table;
     RequireSameColumns(session_, *options_.set, table.columns);
-    const bool has_training = session_.Connection().TableExists("TrainingSet");
+    const bool has_training = session_.Sets().HasSet(data_set_type::kTraining);
     if (has_training) {
       load_.preparation = ReadPreparation(session_);
     } else {
@@ -156,24 +156,23 @@ class Store {
   }
 
   void WriteColumnNotes(const FieldTable& table) {
-    std::vector<ColumnNote> notes;
+    std::vector<RunColumn> notes;
     for (std::size_t i = 0; i < table.columns; ++i) {
       const PreparedColumn& column = load_.preparation.columns[i];
-      notes.push_back({load_.stored.labels[i], column.missing, column.is_nominal});
+      notes.push_back({load_.stored.labels[i], column.is_nominal, column.missing, false});
     }
-    WriteColumns(session_, notes, load_.stored.has_labels);
+    session_.Columns().WriteColumns(notes, load_.stored.has_labels);
   }
 
   void KeepSplit(const FieldTable& table, const RecordSplit& split, const CellRule& rule) {
     PreparedRecords records = PrepareTesting(table, split.testing, rule, load_.preparation);
     Tell(records);
     SaveSet(data_set_type::kTesting, records.values, table.labels);
-    IConnection& connection = session_.Connection();
-    SetRowKeys(connection, "TrainingSet", KeysOf(split.training));
-    SetRowKeys(connection, "TestingSet", KeysOf(split.testing));
-    CreateOriginals(connection, static_cast<std::int32_t>(table.columns));
+    session_.Sets().WriteKeys(data_set_type::kTraining, KeysOf(split.training));
+    session_.Sets().WriteKeys(data_set_type::kTesting, KeysOf(split.testing));
+    session_.Originals().Create(static_cast<std::int32_t>(table.columns));
     const Records all = NoSplit(table.Records()).training;
-    WriteOriginals(connection, table, all, KeysOf(all), progress_);
+    WriteOriginals(session_.Originals(), table, all, KeysOf(all), progress_);
   }
 
   /// A record's key is its number in the file.
@@ -194,11 +193,11 @@ class Store {
     PreparedRecords records = PrepareTesting(table, all, rule, load_.preparation);
     Tell(records);
     SaveSet(data_set_type::kTesting, records.values, table.labels);
-    const std::int32_t first = ArrangeRowKeys(session_, data_set_type::kTesting,
-                                              static_cast<std::int32_t>(table.Records()),
-                                              static_cast<std::int32_t>(table.columns));
-    WriteOriginals(session_.Connection(), table, all, KeysFrom(first, all.size()), progress_);
-    if (session_.Connection().TableExists("TrainingSet") && !table.labels.empty()) {
+    const std::int32_t first = session_.Originals().MakeRoom(
+        data_set_type::kTesting, static_cast<std::int32_t>(table.Records()),
+        static_cast<std::int32_t>(table.columns));
+    WriteOriginals(session_.Originals(), table, all, KeysFrom(first, all.size()), progress_);
+    if (session_.Sets().HasSet(data_set_type::kTraining) && !table.labels.empty()) {
       const auto warning = CompareLabels(session_, table.labels, *FindSet("testing"));
       if (warning) load_.stored.warnings.push_back(*warning);
     }
@@ -206,12 +205,12 @@ class Store {
 
   /// The testing set that the run holds was prepared by another training set.
   void PrepareTestingAnew(const FieldTable& training, const CellRule& rule) {
-    IConnection& connection = session_.Connection();
     const Ref<IDataSet> former = session_.OpenDataSet(data_set_type::kTesting);
     std::vector<std::string> labels;
     if (former && former->HasLabels()) labels = LabelsOf(*former);
     const FieldTable table = ReadTestingTexts(session_, training.columns, labels);
-    const Keys keys = ReadRowKeys(connection, "TestingSet");
+    Keys keys;
+    session_.Sets().ReadKeys(data_set_type::kTesting, keys);
     if (keys.size() != table.Records()) {
       throw Failure(ExitCode::kRefused,
                     "the run does not keep the original text of every testing record, so they "
@@ -221,7 +220,7 @@ class Store {
         PrepareTesting(table, NoSplit(table.Records()).training, rule, load_.preparation);
     Tell(records);
     SaveSet(data_set_type::kTesting, records.values, labels);
-    SetRowKeys(connection, "TestingSet", keys);
+    session_.Sets().WriteKeys(data_set_type::kTesting, keys);
     load_.stored.warnings.emplace_back(
         "the testing set of the run was prepared anew, by the new training set");
   }

@@ -31,29 +31,18 @@ const CodedCategory& RequireCategory(const CodedColumn& column, const std::strin
 /// those that leave codes as they are.
 void UpdateFigures(const RunSession& session, std::int32_t column) {
   if (NormalizationType(session) != 0) return;
-  for (const char* table : {"DataSetStatisticsForCode", "DataSetStatisticsForMissing"}) {
-    if (!session.Connection().TableExists(table)) continue;
-    session.Connection().Execute(fmt::format(
-        "UPDATE {0} SET (Average, StandardDeviation, Minimum, Maximum) = (SELECT avg(d{1}), "
-        "stdev(d{1}), min(d{1}), max(d{1}) FROM TrainingSet WHERE row NOT IN (SELECT row FROM "
-        "OriginalData WHERE d{1} IN (SELECT OriginalValue FROM MissingMappings WHERE ColumnIndex = "
-        "{1}))) WHERE ColumnIndex = {1}",
-        table, column));
-  }
+  session.Figures().RenewScaleFigures(column);
 }
 
 void UpdateMerging(const RunSession& session, bool is_merging) {
-  if (!session.Connection().TableExists("RunParameters")) return;
-  session.Connection().Execute(fmt::format(
-      "UPDATE RunParameters SET intvalue = {} WHERE namespace = 'data' AND element = 'Merging'",
-      is_merging ? 1 : 0));
+  session.Parameters().ReplaceWhole(parameter_space::kData, run_parameter::kMerging,
+                                    is_merging ? 1 : 0);
 }
 
-void RequireEncodingRow(const RunSession& session) {
-  if (session.ReadInteger("SELECT COUNT(*) FROM ResponseEncoding") > 0) return;
-  session.Connection().Execute(
-      "INSERT INTO ResponseEncoding (PositiveClass, NewPositiveValue, NewNegativeValue) "
-      "VALUES ('', NULL, NULL)");
+/// The component fills in the encoding that is there.
+void RequireEncoding(const RunSession& session) {
+  ResponseEncoding encoding;
+  if (!session.Categories().ReadEncoding(encoding)) session.Categories().WriteEncoding({});
 }
 
 /// The code that the classes other than `positive` have, when they have but one.
@@ -87,7 +76,7 @@ void Recode(const RunSession& session, const Ref<IDataSet>& data_set, const Code
 
 void EncodeResponse(const RunSession& session, const Ref<IDataSet>& data_set,
                     const CodedColumn& response) {
-  RequireEncodingRow(session);
+  RequireEncoding(session);
   try {
     data_set.As<INominalDataSetMetadata>()->UpdateMergingResponseCategories();
   } catch (const Error& error) {
@@ -110,11 +99,11 @@ void NamePositiveClass(const RunSession& session, const Ref<IDataSet>& data_set,
                               "one of them for this class alone (--merge gives several one code)",
                               Quoted(positive.value)));
   }
-  RequireEncodingRow(session);
+  RequireEncoding(session);
   data_set.As<INominalDataSetMetadata>()->SavePositiveClass(positive.value);
-  session.Connection().Execute(
-      fmt::format("UPDATE ResponseEncoding SET NewPositiveValue = {}, NewNegativeValue = {}",
-                  NumberText(positive.code), NumberText(other->code)));
+  ResponseEncoding encoding;
+  session.Categories().ReadEncoding(encoding);
+  session.Categories().WriteEncoding({encoding.positive_class, positive.code, other->code});
 }
 
 std::vector<std::string> WarningsOfFilledGaps(const Ref<IDataSet>& data_set,

@@ -4,18 +4,9 @@
 #include <cstdint>
 #include <string_view>
 
-namespace tslm5::host {
+#include "tslm5/run/run_records.h"
 
-/// How a replacement was chosen: the codes of `MissingMappings.ReplacementType`.
-namespace replacement_type {
-inline constexpr std::int32_t kNone = 0;  ///< not chosen
-inline constexpr std::int32_t kMean = 1;
-inline constexpr std::int32_t kMedian = 2;
-inline constexpr std::int32_t kMinimum = 3;
-inline constexpr std::int32_t kMaximum = 4;
-inline constexpr std::int32_t kNumber = 5;
-inline constexpr std::int32_t kCategory = 6;  ///< the code that the category had
-}  // namespace replacement_type
+namespace tslm5::host {
 
 struct ReplacementWord {
   std::int32_t type;

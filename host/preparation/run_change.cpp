@@ -4,7 +4,6 @@
 
 #include "host/preparation/label_list.h"
 #include "host/preparation/run_history.h"
-#include "host/preparation/run_metadata.h"
 #include "host/preparation/statistics_feedback.h"
 #include "host/program/failure.h"
 #include "host/program/progress.h"
@@ -38,30 +37,18 @@ std::string ColumnTitle(std::int32_t column, const std::string& label) {
 }
 
 std::int32_t NormalizationType(const RunSession& session) {
-  if (!session.Connection().TableExists("RunParameters")) return 0;
-  return session.ReadInteger(
-      "SELECT intvalue FROM RunParameters WHERE element = 'NormalizationType'");
+  return session.Parameters().ReadWhole(parameter_space::kAny, run_parameter::kNormalization);
 }
 
 void WriteCellsOf(const RunSession& session, std::int32_t column, std::string_view text,
-                  std::string_view value) {
+                  double value) {
   for (const SetName* set : kChangedSets) {
-    if (!session.Connection().TableExists(set->table)) continue;
-    session.Connection().Execute(
-        fmt::format("UPDATE {} SET d{} = {} WHERE row IN (SELECT row FROM OriginalData WHERE d{} = "
-                    "{})",
-                    set->table, column, value, column, SqlText(text)));
+    session.Sets().FillCells(set->type, column, text, value);
   }
 }
 
 void RenewStatistics(const RunSession& session, bool compute) {
-  IConnection& connection = session.Connection();
-  for (const char* table : {"DataSetStatistics", "DataSetClassStatistics"}) {
-    if (!connection.TableExists(table)) continue;
-    for (const SetName* set : kChangedSets) {
-      connection.Execute(fmt::format("DELETE FROM {} WHERE DataSetId = {}", table, set->type));
-    }
-  }
+  for (const SetName* set : kChangedSets) session.Figures().DropFigures(set->type);
   if (!compute) return;
   Progress progress(Terminal::OfStandardError());
   for (const SetName* set : kChangedSets) {

@@ -25,10 +25,10 @@ std::string ColumnTitle(std::int32_t column, const std::string& label);
 /// The run parameter "NormalizationType"; 0 where the run has none.
 std::int32_t NormalizationType(const RunSession& session);
 
-/// Writes `value`, an SQL number or NULL, into the cells of a column whose original text is `text`,
-/// in the training and the testing set.
+/// Writes `value` into the cells of a column whose original text is `text`, in the training and the
+/// testing set; not a number leaves them without a value.
 void WriteCellsOf(const RunSession& session, std::int32_t column, std::string_view text,
-                  std::string_view value);
+                  double value);
 
 /// Forgets the statistics of the training and the testing set, whose cells have changed, and
 /// computes them anew if `compute`. Raises `Failure` when Ctrl-C was pressed.

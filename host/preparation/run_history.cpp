@@ -1,13 +1,8 @@
 #include "host/preparation/run_history.h"
 
-#include <fmt/chrono.h>
-#include <fmt/format.h>
-
-#include <chrono>
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "host/preparation/run_metadata.h"
 #include "host/program/json_text.h"
 #include "tslm5/contracts/codes.h"
 
@@ -43,13 +38,13 @@ std::vector<std::string> TakeWords(nlohmann::ordered_json& parameters) {
   return words;
 }
 
-HistoryEntry ReadEntry(IDataReader& reader) {
+HistoryEntry EntryOf(const HistoryStep& step) {
   HistoryEntry entry;
-  entry.time = reader.GetString(0);
-  entry.command = reader.GetString(1);
-  entry.set = reader.GetInteger(2);
-  entry.file = reader.GetString(3);
-  nlohmann::ordered_json parameters = ParseObject(reader.GetString(4));
+  entry.time = step.time;
+  entry.command = step.command;
+  entry.set = step.set;
+  entry.file = step.file;
+  nlohmann::ordered_json parameters = ParseObject(step.parameters);
   entry.words = TakeWords(parameters);
   entry.parameters = JsonText(parameters);
   entry.parameters.pop_back();
@@ -59,41 +54,23 @@ HistoryEntry ReadEntry(IDataReader& reader) {
 }  // namespace
 
 void WriteHistory(const RunSession& session, const HistoryEntry& entry) {
-  IConnection& connection = session.Connection();
-  if (!connection.TableExists("RunHistory")) {
-    connection.Execute(
-        "CREATE TABLE RunHistory (Id INTEGER PRIMARY KEY, Time TEXT, Command TEXT, SetId INTEGER, "
-        "File TEXT, Parameters TEXT)");
-  }
-  const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  connection.Execute(
-      fmt::format("INSERT INTO RunHistory VALUES (NULL, '{:%Y-%m-%dT%H:%M:%SZ}', {}, {}, {}, {})",
-                  fmt::gmtime(now), SqlText(entry.command), entry.set, SqlText(entry.file),
-                  SqlText(StoredParameters(entry))));
+  session.History().AppendStep({"", entry.command, entry.set, entry.file, StoredParameters(entry)});
 }
 
 std::vector<HistoryEntry> ReadHistory(const RunSession& session) {
+  std::vector<HistoryStep> steps;
+  session.History().ReadSteps(steps);
   std::vector<HistoryEntry> entries;
-  IConnection& connection = session.Connection();
-  if (!connection.TableExists("RunHistory")) return entries;
-  const Ref<IDataReader> reader = connection.ExecuteReader(
-      "SELECT Time, Command, SetId, File, Parameters FROM RunHistory ORDER BY Id");
-  while (reader->Read()) entries.push_back(ReadEntry(*reader));
-  reader->Close();
+  entries.reserve(steps.size());
+  for (const HistoryStep& step : steps) entries.push_back(EntryOf(step));
   return entries;
 }
 
 std::optional<HistoryEntry> LastLoad(const RunSession& session, std::int32_t type) {
-  IConnection& connection = session.Connection();
-  if (!connection.TableExists("RunHistory")) return std::nullopt;
-  const Ref<IDataReader> reader = connection.ExecuteReader(
-      fmt::format("SELECT Time, Command, SetId, File, Parameters FROM RunHistory "
-                  "WHERE Command = 'load' AND SetId IN ({}, {}) ORDER BY Id DESC LIMIT 1",
-                  type, data_set_type::kCombined));
-  std::optional<HistoryEntry> entry;
-  if (reader->Read()) entry = ReadEntry(*reader);
-  reader->Close();
-  if (entry && entry->set == data_set_type::kCombined && type == data_set_type::kTesting) {
+  HistoryStep step;
+  if (!session.History().ReadLastLoad(type, step)) return std::nullopt;
+  std::optional<HistoryEntry> entry = EntryOf(step);
+  if (entry->set == data_set_type::kCombined && type == data_set_type::kTesting) {
     const nlohmann::ordered_json parameters = ParseObject(entry->parameters);
     entry->file = parameters.value("testing", entry->file);
   }

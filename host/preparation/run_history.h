@@ -26,8 +26,8 @@ struct HistoryEntry {
   std::vector<std::string> words;
 };
 
-/// Notes `entry` in the run's table `RunHistory`, which is made when it is missing. Every command
-/// that changes a run calls it inside its transaction.
+/// Appends `entry` to the run's history. Every command that changes a run calls it inside its
+/// transaction.
 void WriteHistory(const RunSession& session, const HistoryEntry& entry);
 
 /// All that was done to the run, the first thing first. `words` is empty where none were noted.

@@ -36,6 +36,9 @@ void WriteTestingPreparation(const RunSession& session, const Preparation& prepa
 /// tokens only those that training cells hold are counted.
 Preparation ReadPreparation(const RunSession& session);
 
+/// How the run normalises its numeric inputs.
+RunScale ReadScale(const RunSession& session);
+
 /// The run's problem category; regression where the run does not tell.
 std::int32_t ReadProblem(const RunSession& session);
 void WriteProblem(const RunSession& session, std::int32_t problem);

@@ -27,11 +27,11 @@ RunScale ParseScale(std::string_view text) {
   RunScale scale;
   if (text == "none") return scale;
   if (text == "zscore") {
-    scale.type = RunScale::kZScore;
+    scale.type = normalization_type::kZScore;
   } else if (text == "minmax") {
-    scale.type = RunScale::kMinMax;
+    scale.type = normalization_type::kMinMax;
   } else if (text.starts_with(kRangeWord)) {
-    scale.type = RunScale::kRange;
+    scale.type = normalization_type::kRange;
     const std::string_view range = text.substr(kRangeWord.size());
     const std::size_t colon = range.find(':');
     if (colon == std::string_view::npos ||
@@ -49,11 +49,11 @@ RunScale ParseScale(std::string_view text) {
 
 std::string ScaleText(const RunScale& scale) {
   switch (scale.type) {
-    case RunScale::kZScore:
+    case normalization_type::kZScore:
       return "zscore";
-    case RunScale::kMinMax:
+    case normalization_type::kMinMax:
       return "minmax";
-    case RunScale::kRange:
+    case normalization_type::kRange:
       return fmt::format("{}{}:{}", kRangeWord, NumberText(scale.new_minimum),
                          NumberText(scale.new_maximum));
     default:
@@ -86,7 +86,7 @@ ScaleFigures ComputeFigures(const std::vector<double>& values) {
 
 ScaleFigures IdentityFigures(const RunScale& scale) {
   ScaleFigures figures{0.0, 1.0, 0.0, 1.0};
-  if (scale.type == RunScale::kRange) {
+  if (scale.type == normalization_type::kRange) {
     figures.minimum = scale.new_minimum;
     figures.maximum = scale.new_maximum;
   }
@@ -95,7 +95,7 @@ ScaleFigures IdentityFigures(const RunScale& scale) {
 
 bool ChangesNothing(const RunScale& scale, const ScaleFigures& figures) {
   const ScaleFigures identity = IdentityFigures(scale);
-  if (scale.type == RunScale::kZScore) {
+  if (scale.type == normalization_type::kZScore) {
     return figures.average == identity.average && figures.deviation == identity.deviation;
   }
   return figures.minimum == identity.minimum && figures.maximum == identity.maximum;
@@ -104,7 +104,7 @@ bool ChangesNothing(const RunScale& scale, const ScaleFigures& figures) {
 bool CanScale(const RunScale& scale, const ScaleFigures& figures) {
   if (!figures.average || !figures.deviation) return false;
   if (!(*figures.minimum < *figures.maximum)) return false;
-  if (scale.type == RunScale::kZScore) {
+  if (scale.type == normalization_type::kZScore) {
     return std::isfinite(*figures.average) && std::isfinite(*figures.deviation) &&
            *figures.deviation > 0.0;
   }
@@ -112,10 +112,11 @@ bool CanScale(const RunScale& scale, const ScaleFigures& figures) {
 }
 
 double Scaled(double value, const RunScale& scale, const ScaleFigures& figures) {
-  if (scale.type == RunScale::kNone || ChangesNothing(scale, figures)) return value;
-  if (scale.type == RunScale::kZScore) return (value - *figures.average) / *figures.deviation;
+  if (scale.type == normalization_type::kNone || ChangesNothing(scale, figures)) return value;
+  if (scale.type == normalization_type::kZScore)
+    return (value - *figures.average) / *figures.deviation;
   const double share = (value - *figures.minimum) / (*figures.maximum - *figures.minimum);
-  if (scale.type == RunScale::kMinMax) return share;
+  if (scale.type == normalization_type::kMinMax) return share;
   return share * (scale.new_maximum - scale.new_minimum) + scale.new_minimum;
 }
 

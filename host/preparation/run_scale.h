@@ -2,26 +2,17 @@
 #define TSLM5_HOST_PREPARATION_RUN_SCALE_H_
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace tslm5::host {
+#include "tslm5/run/run_records.h"
 
-/// The figures of a column that its scale goes by. What the column does not have is empty.
-struct ScaleFigures {
-  std::optional<double> average;
-  std::optional<double> deviation;  ///< of a sample: n - 1
-  std::optional<double> minimum;
-  std::optional<double> maximum;
-};
+namespace tslm5::host {
 
 /// How a run normalises its numeric inputs.
 struct RunScale {
-  enum Type : std::int32_t { kNone = 0, kZScore = 1, kMinMax = 2, kRange = 3 };
-
-  std::int32_t type = kNone;  ///< the run parameter "NormalizationType"
+  std::int32_t type = normalization_type::kNone;
   double new_minimum = 0.0;
   double new_maximum = 1.0;
 };

@@ -37,7 +37,16 @@ RunOptions Options(RunOptions::Mode mode) {
 RunSession::RunSession(const std::string& path, RunOptions::Mode mode)
     : path_(path),
       run_(OpenRun(path, Options(mode))),
-      connection_(Query<IConnection>(run_->GetConnection().ToObject())) {
+      connection_(Query<IConnection>(run_->GetConnection().ToObject())),
+      sets_(CreateObject<IRunCatalog>(class_id::kRunCatalog)),
+      columns_(sets_.As<IRunColumns>()),
+      categories_(sets_.As<IRunCategories>()),
+      missing_values_(sets_.As<IRunMissingValues>()),
+      parameters_(sets_.As<IRunParameters>()),
+      figures_(sets_.As<IRunFigures>()),
+      history_(sets_.As<IRunHistory>()),
+      originals_(sets_.As<IRunOriginals>()) {
+  sets_->Open(run_.get());
   TellOfRecovery();
   RefuseForeignDatabase();
 }
@@ -53,8 +62,7 @@ void RunSession::TellOfRecovery() const {
 }
 
 void RunSession::RefuseForeignDatabase() const {
-  if (SchemaVersion() > 0 || connection_->TableExists("DataSetColumn")) return;
-  if (ReadInteger("SELECT COUNT(*) FROM sqlite_master") == 0) return;
+  if (SchemaVersion() > 0 || !sets_->IsForeign()) return;
   throw Failure(ExitCode::kTrouble,
                 fmt::format("{} is a database, but not that of a run", Escaped(path_)));
 }
@@ -68,13 +76,9 @@ void RunSession::CreateSchema() const {
 }
 
 bool RunSession::HasAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const {
-  const std::int32_t columns = ColumnsOf(set.table);
+  const std::int32_t columns = sets_->SetColumns(set.type);
   if (!is_loaded) return columns == 0;
-  return data_set.Columns() == columns && (data_set.Rows() > 0 || !HasRecords(set));
-}
-
-bool RunSession::HasRecords(const SetName& set) const {
-  return ReadInteger(fmt::format("SELECT EXISTS (SELECT * FROM {})", set.table)) != 0;
+  return data_set.Columns() == columns && (data_set.Rows() > 0 || !sets_->HasRecords(set.type));
 }
 
 Ref<IDataSet> RunSession::OpenDataSet(std::int32_t type) const {
@@ -93,8 +97,7 @@ Ref<IDataSet> RunSession::OpenDataSet(std::int32_t type) const {
   if (!is_loaded) return nullptr;
   // The column records of a run tell of its embedded records; a series beside them has its own
   // label.
-  if (data_set->Columns() == 1 && connection_->TableExists("DataSetColumn") &&
-      ReadInteger("SELECT COUNT(*) > 1 FROM DataSetColumn") != 0) {
+  if (data_set->Columns() == 1 && ColumnsOf(*this).size() > 1) {
     data_set.As<ITimeSeriesDataSet>()->LoadTimeSeriesLabel();
   }
   return data_set;
@@ -107,24 +110,14 @@ Ref<IDataSet> RunSession::AttachDataSet(std::int32_t type) const {
   return data_set;
 }
 
-std::int32_t RunSession::ReadInteger(std::string_view sql) const {
-  const Ref<IDataReader> reader = connection_->ExecuteReader(sql);
-  const std::int32_t value = reader->Read() ? reader->GetInteger(0) : 0;
-  reader->Close();
-  return value;
-}
-
-std::int32_t RunSession::ColumnsOf(std::string_view table) const {
-  if (!connection_->TableExists(table)) return 0;
-  const Ref<IDataReader> reader =
-      connection_->ExecuteReader(fmt::format("SELECT * FROM {} WHERE 0 = 1", table));
-  const std::int32_t fields = reader->FieldCount();
-  reader->Close();
-  return fields - 1;
+std::vector<RunColumn> ColumnsOf(const RunSession& session) {
+  std::vector<RunColumn> columns;
+  session.Columns().ReadColumns(columns);
+  return columns;
 }
 
 bool HasStatistics(const RunSession& session) {
-  return session.Connection().TableExists("TrainingSet");
+  return session.Sets().HasSet(data_set_type::kTraining);
 }
 
 Transaction::~Transaction() {

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "host/program/set_names.h"
 #include "tslm5/contracts/data_set.h"
@@ -11,6 +11,14 @@
 #include "tslm5/engine/connection_service.h"
 #include "tslm5/engine/open_run.h"
 #include "tslm5/platform/ref.h"
+#include "tslm5/run/run_catalog.h"
+#include "tslm5/run/run_categories.h"
+#include "tslm5/run/run_columns.h"
+#include "tslm5/run/run_figures.h"
+#include "tslm5/run/run_history.h"
+#include "tslm5/run/run_missing_values.h"
+#include "tslm5/run/run_originals.h"
+#include "tslm5/run/run_parameters.h"
 
 namespace tslm5::host {
 
@@ -35,22 +43,39 @@ class RunSession {
   /// A dataset for set `type`, whether or not its table is there.
   Ref<IDataSet> AttachDataSet(std::int32_t type) const;
 
-  /// The whole number that a SELECT of one cell gives; 0 for NULL and when there is no record.
-  std::int32_t ReadInteger(std::string_view sql) const;
-  /// The columns of a table without its row key, the last column; 0 when there is no such table.
-  std::int32_t ColumnsOf(std::string_view table) const;
+  ///@{
+  /// What the run keeps.
+  IRunCatalog& Sets() const { return *sets_; }
+  IRunColumns& Columns() const { return *columns_; }
+  IRunCategories& Categories() const { return *categories_; }
+  IRunMissingValues& MissingValues() const { return *missing_values_; }
+  IRunParameters& Parameters() const { return *parameters_; }
+  IRunFigures& Figures() const { return *figures_; }
+  IRunHistory& History() const { return *history_; }
+  IRunOriginals& Originals() const { return *originals_; }
+  ///@}
 
  private:
   void TellOfRecovery() const;
   /// A set says 0 of what it could not read, which must not pass for an answer.
   bool HasAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const;
-  bool HasRecords(const SetName& set) const;
   void RefuseForeignDatabase() const;
 
   std::string path_;
   Ref<IConnectionService> run_;
   Ref<IConnection> connection_;
+  Ref<IRunCatalog> sets_;
+  Ref<IRunColumns> columns_;
+  Ref<IRunCategories> categories_;
+  Ref<IRunMissingValues> missing_values_;
+  Ref<IRunParameters> parameters_;
+  Ref<IRunFigures> figures_;
+  Ref<IRunHistory> history_;
+  Ref<IRunOriginals> originals_;
 };
+
+/// The columns that the run tells of; none before its first load.
+std::vector<RunColumn> ColumnsOf(const RunSession& session);
 
 /// Whether statistics can be computed in the run: those of every set need the training table.
 bool HasStatistics(const RunSession& session);

@@ -11,15 +11,12 @@ namespace {
 
 RunStatus StatusOf(const RunSession& session) {
   RunStatus status;
-  IConnection& connection = session.Connection();
   status.is_prepared = IsPrepared(session);
-  status.has_training = connection.TableExists("TrainingSet");
-  status.has_testing = connection.TableExists("TestingSet");
-  if (!connection.TableExists("DataSetColumn")) return status;
-  const Ref<IDataReader> reader =
-      connection.ExecuteReader("SELECT OriginalLabel FROM DataSetColumn WHERE IsResponse = 1");
-  if (reader->Read()) status.response = reader->GetString(0);
-  reader->Close();
+  status.has_training = session.Sets().HasSet(data_set_type::kTraining);
+  status.has_testing = session.Sets().HasSet(data_set_type::kTesting);
+  for (const RunColumn& column : ColumnsOf(session)) {
+    if (column.is_response) status.response = column.label;
+  }
   return status;
 }
 

@@ -17,21 +17,10 @@ namespace {
 /// What the only column of a set without labels is called.
 constexpr std::string_view kGeneratedLabel = "y";
 
-/// Writes `OriginalDataLabels` as the set's columns are called.
-void WriteOriginalLabels(const RunSession& session, const std::vector<std::string>& labels) {
-  IConnection& connection = session.Connection();
-  connection.Execute("DELETE FROM OriginalDataLabels WHERE SetId = 1");
-  for (std::size_t i = 0; i < labels.size(); ++i) {
-    connection.Execute(
-        fmt::format("INSERT INTO OriginalDataLabels (Label, ColumnIndex, SetId) VALUES ({}, {}, 1)",
-                    SqlText(labels[i]), i));
-  }
-}
-
 void WriteSeriesLabel(const RunSession& session, IDataSet& training) {
   Ref<IDataSet>(&training).As<ITimeSeriesDataSet>()->LoadTimeSeriesLabel();
   const std::string label = LabelsOf(training).front();
-  WriteColumns(session, {{label, 0, false}}, label != kGeneratedLabel);
+  session.Columns().WriteColumns({{label, false, 0, true}}, label != kGeneratedLabel);
   Ref<IDataSet>(&training).As<IPersistable>()->Save(Variant(session.Run()),
                                                     Variant(data_set_type::kTraining));
 }
@@ -52,46 +41,36 @@ std::optional<SeriesStep> CurrentEmbedding(const RunSession& session) {
 }
 
 void KeepSeriesLabel(const RunSession& session, const std::string& label) {
-  const bool has_testing = session.Connection().TableExists("TestingSet");
-  if (has_testing &&
-      session.ReadInteger("SELECT COUNT(*) FROM DataSetLabels WHERE SetId = 2") > 0) {
-    return;
-  }
-  session.Connection().Execute("DELETE FROM DataSetLabels WHERE SetId = 2");
-  session.Connection().Execute(
-      fmt::format("INSERT INTO DataSetLabels VALUES (NULL, 2, 0, {})", SqlText(label)));
+  const bool has_testing = session.Sets().HasSet(data_set_type::kTesting);
+  if (has_testing && session.Columns().HasLabels(data_set_type::kTesting)) return;
+  session.Columns().WriteSeriesLabel(label);
 }
 
 void WriteEmbeddingLabels(const RunSession& session, IDataSet& training, const SeriesStep& step) {
   training.SetProperty(fmt::format("{}", step.dimension), property_key::kEmbeddingDimension);
   training.SetProperty(fmt::format("{}", step.delay), property_key::kDelayTime);
   Ref<IDataSet>(&training).As<ITimeSeriesDataSet>()->RenameTrainingLabels();
-  WriteOriginalLabels(session, LabelsOf(training));
+  session.Columns().WriteOriginalLabels(LabelsOf(training));
 }
 
 void FitLabels(const RunSession& session, IDataSet& training) {
   const std::int32_t columns = training.Columns();
-  if (session.ReadInteger("SELECT COUNT(*) FROM DataSetColumn") == columns) return;
+  if (static_cast<std::int32_t>(ColumnsOf(session).size()) == columns) return;
   if (columns == 1) return WriteSeriesLabel(session, training);
   const auto step = CurrentEmbedding(session);
   if (step && step->dimension + 1 == columns) return WriteEmbeddingLabels(session, training, *step);
-  std::vector<ColumnNote> notes;
+  std::vector<RunColumn> notes;
   notes.reserve(static_cast<std::size_t>(columns));
   for (std::int32_t column = 0; column < columns; ++column) {
-    notes.push_back({fmt::format("d{}", column), 0, false});
+    notes.push_back({fmt::format("d{}", column), false, 0, false});
   }
-  WriteColumns(session, notes, false);
+  session.Columns().WriteColumns(notes, false);
 }
 
 void DropTestingSamples(const RunSession& session) {
-  if (!session.Connection().TableExists("TimeSeriesTestingSet")) return;
-  session.Connection().Execute("DROP TABLE TimeSeriesTestingSet");
+  if (!session.Sets().HasSet(data_set_type::kTimeSeriesTesting)) return;
+  session.Sets().DropSet(data_set_type::kTimeSeriesTesting);
   ForgetFormerSet(session, data_set_type::kTimeSeriesTesting);
-}
-
-std::int32_t BackupRows(const RunSession& session) {
-  if (!session.Connection().TableExists("TrainingSetBackup")) return 0;
-  return session.ReadInteger("SELECT COUNT(*) FROM TrainingSetBackup");
 }
 
 }  // namespace tslm5::host

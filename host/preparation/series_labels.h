@@ -32,9 +32,6 @@ void FitLabels(const RunSession& session, IDataSet& training);
 /// Takes the testing samples of a former embedding away. REQUIRES: no set of the run is open.
 void DropTestingSamples(const RunSession& session);
 
-/// The training records of before the last reset that can be brought back.
-std::int32_t BackupRows(const RunSession& session);
-
 }  // namespace tslm5::host
 
 #endif  // TSLM5_HOST_PREPARATION_SERIES_LABELS_H_

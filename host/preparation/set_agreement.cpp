@@ -13,7 +13,7 @@ const SetName& OtherSet(const SetName& set) {
 
 void RequireSameColumns(const RunSession& session, const SetName& set, std::size_t columns) {
   const SetName& other = OtherSet(set);
-  const std::int32_t other_columns = session.ColumnsOf(other.table);
+  const std::int32_t other_columns = session.Sets().SetColumns(other.type);
   if (other_columns == 0 || other_columns == static_cast<std::int32_t>(columns)) return;
   throw Failure(
       ExitCode::kRefused,
@@ -25,18 +25,14 @@ void RequireSameColumns(const RunSession& session, const SetName& set, std::size
 std::optional<std::string> CompareLabels(const RunSession& session,
                                          const std::vector<std::string>& labels,
                                          const SetName& set) {
-  std::optional<std::string> warning;
-  const Ref<IDataReader> reader =
-      session.Connection().ExecuteReader("SELECT OriginalLabel FROM DataSetColumn ORDER BY Id");
-  for (std::size_t column = 0; column < labels.size() && reader->Read(); ++column) {
-    const std::string kept = reader->GetString(0);
-    if (kept == labels[column]) continue;
-    warning = fmt::format("column {} is called {} in the {} set, but {} in the run", column + 1,
-                          Quoted(labels[column]), set.name, Quoted(kept));
-    break;
+  const std::vector<RunColumn> columns = ColumnsOf(session);
+  for (std::size_t i = 0; i < labels.size() && i < columns.size(); ++i) {
+    const std::string& kept = columns[i].label;
+    if (kept == labels[i]) continue;
+    return fmt::format("column {} is called {} in the {} set, but {} in the run", i + 1,
+                       Quoted(labels[i]), set.name, Quoted(kept));
   }
-  reader->Close();
-  return warning;
+  return std::nullopt;
 }
 
 }  // namespace tslm5::host

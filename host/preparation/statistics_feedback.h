@@ -5,6 +5,7 @@
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
 #include "host/program/progress.h"
+#include "tslm5/contracts/codes.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/feedback.h"
 #include "tslm5/platform/object.h"
@@ -45,7 +46,7 @@ inline void ComputeStatistics(const RunSession& session, IDataSet& data_set, Pro
   try {
     ComputeStatistics(data_set, progress);
   } catch (const Error& error) {
-    const bool is_narrow = session.ColumnsOf("TrainingSet") > data_set.Columns();
+    const bool is_narrow = session.Sets().SetColumns(data_set_type::kTraining) > data_set.Columns();
     if (!is_narrow || !IsRefusedStatement(error)) throw;
   }
 }

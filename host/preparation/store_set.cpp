@@ -69,10 +69,10 @@ void RequireAllRecords(const StoredSet& stored, const CellSurvey& survey) {
                             survey.empty_lines, stored.rows, stored.columns));
 }
 
-std::vector<ColumnNote> NotesOf(const StoredSet& stored, const CellSurvey& survey) {
-  std::vector<ColumnNote> notes;
+std::vector<RunColumn> NotesOf(const StoredSet& stored, const CellSurvey& survey) {
+  std::vector<RunColumn> notes;
   for (std::size_t i = 0; i < stored.labels.size(); ++i) {
-    notes.push_back({stored.labels[i], survey.missing_by_column[i], false});
+    notes.push_back({stored.labels[i], false, survey.missing_by_column[i], false});
   }
   return notes;
 }
@@ -99,16 +99,17 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
     ForgetPreparation(session);
     WritePlainParameters(session);
   }
-  const bool is_leading = set.type == data_set_type::kTraining ||
-                          !session.Connection().TableExists(OtherSet(set).table);
+  const bool is_leading =
+      set.type == data_set_type::kTraining || !session.Sets().HasSet(OtherSet(set).type);
   if (is_leading) {
-    WriteColumns(session, NotesOf(stored, survey), stored.has_labels);
+    session.Columns().WriteColumns(NotesOf(stored, survey), stored.has_labels);
   } else if (stored.has_labels) {
     const auto warning = CompareLabels(session, stored.labels, set);
     if (warning) stored.warnings.push_back(*warning);
   }
-  const std::int32_t first_key = ArrangeRowKeys(session, set.type, stored.rows, stored.columns);
-  WriteOriginals(session.Connection(), text, survey, first_key, progress);
+  const std::int32_t first_key =
+      session.Originals().MakeRoom(set.type, stored.rows, stored.columns);
+  WriteOriginals(session.Originals(), text, survey, first_key, progress);
   if (!data_set.As<IPersistable>()->Save(Variant(session.Run()), Variant(set.type))) {
     throw Failure(ExitCode::kTrouble, "the set's labels could not be saved in the run");
   }

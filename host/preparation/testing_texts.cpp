@@ -16,8 +16,7 @@ FieldTable ReadTestingTexts(const RunSession& session, std::size_t columns,
   table.labels = labels;
   auto text = std::make_shared<std::string>();
   std::vector<std::size_t> ends;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-      "SELECT od.* FROM TestingSet t JOIN OriginalData od ON od.row = t.row ORDER BY t.row");
+  const Ref<IDataReader> reader = session.Originals().OpenRecords(data_set_type::kTesting);
   while (reader->Read()) {
     table.places.push_back(static_cast<std::int64_t>(table.places.size()) + 1);
     for (std::size_t column = 0; column < columns; ++column) {

@@ -51,11 +51,7 @@ double OwnFigure(const std::vector<double>& numbers, std::int32_t type) {
 
 std::vector<double> TrainingNumbers(const RunSession& session, std::int32_t column) {
   std::vector<double> numbers;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(fmt::format(
-      "SELECT od.d{0} FROM TrainingSet t JOIN OriginalData od ON od.row = t.row WHERE od.d{0} NOT "
-      "IN (SELECT OriginalValue FROM MissingMappings WHERE ColumnIndex = {0} AND OriginalValue IS "
-      "NOT NULL)",
-      column));
+  const Ref<IDataReader> reader = session.Originals().OpenTrainingColumn(column);
   while (reader->Read()) {
     double number = 0.0;
     if (ParseOriginal(reader->GetString(0), number)) numbers.push_back(number);

@@ -12,14 +12,13 @@ namespace tslm5::host {
 struct SetName {
   std::int32_t type;  ///< `data_set_type`
   const char* name;   ///< as the user names it
-  const char* table;  ///< the run's table that holds it
 };
 
 inline constexpr SetName kSets[] = {
-    {data_set_type::kTraining, "training", "TrainingSet"},
-    {data_set_type::kTesting, "testing", "TestingSet"},
-    {data_set_type::kTimeSeriesTraining, "time-series-training", "TimeSeriesTrainingSet"},
-    {data_set_type::kTimeSeriesTesting, "time-series-testing", "TimeSeriesTestingSet"},
+    {data_set_type::kTraining, "training"},
+    {data_set_type::kTesting, "testing"},
+    {data_set_type::kTimeSeriesTraining, "time-series-training"},
+    {data_set_type::kTimeSeriesTesting, "time-series-testing"},
 };
 
 /// The set called `name`; nullptr when there is none of that name.

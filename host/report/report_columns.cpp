@@ -33,8 +33,8 @@ struct Card {
 
 /// The text of the category that has a code of its own; else the code.
 std::string CodeText(const ReportData& data, std::int32_t column, double code) {
-  const ReportCategory* found = nullptr;
-  for (const ReportCategory& one : data.categories) {
+  const RunCategory* found = nullptr;
+  for (const RunCategory& one : data.categories) {
     if (one.column != column || one.code != code) continue;
     if (found != nullptr) return FigureText(code);
     found = &one;
@@ -150,10 +150,10 @@ std::string Figures(const Card& card) {
     html += fmt::format("<th scope=\"col\" class=\"number\">{}</th>", set.name->name);
   }
   html += "</tr></thead><tbody>";
-  const std::pair<const char*, std::optional<double> ColumnFigures::*> figures[] = {
-      {"Mean", &ColumnFigures::centroid},       {"Median", &ColumnFigures::medoid},
-      {"Deviation", &ColumnFigures::deviation}, {"Minimum", &ColumnFigures::minimum},
-      {"Maximum", &ColumnFigures::maximum},
+  const std::pair<const char*, std::optional<double> RunFigures::*> figures[] = {
+      {"Mean", &RunFigures::centroid},       {"Median", &RunFigures::medoid},
+      {"Deviation", &RunFigures::deviation}, {"Minimum", &RunFigures::minimum},
+      {"Maximum", &RunFigures::maximum},
   };
   for (const auto& [title, figure] : figures) {
     const auto member = figure;

@@ -24,8 +24,8 @@ struct ReportSet {
   bool has_labels = false;
   std::optional<HistoryEntry> load;
   std::vector<ValueSketch> columns;
-  std::vector<ColumnFigures> figures;  ///< by column
-  bool has_statistics = false;         ///< the run keeps them; else they are of the one pass
+  std::vector<RunFigures> figures;  ///< by column
+  bool has_statistics = false;      ///< the run keeps them; else they are of the one pass
   std::optional<SeriesSketch> series;
 
   std::int64_t Missing() const {
@@ -46,21 +46,6 @@ struct ReportGroup {
   const std::vector<std::string>& Labels() const { return sets.front().labels; }
 };
 
-struct ReportCategory {
-  std::int32_t column = 0;
-  std::string text;
-  double code = 0.0;
-  std::int64_t count = 0;
-};
-
-struct ReportToken {
-  std::int32_t column = 0;
-  std::string text;
-  std::int64_t count = 0;
-  std::optional<double> replacement;
-  std::int32_t replacement_type = 0;
-};
-
 /// All that a report tells of a run.
 struct ReportData {
   std::string run;  ///< as the user names it
@@ -68,8 +53,8 @@ struct ReportData {
   std::int32_t problem = 0;
   RunScale scale;
   std::vector<ReportGroup> groups;
-  std::vector<ReportCategory> categories;  ///< by column, in the run's order
-  std::vector<ReportToken> tokens;         ///< by column, in the run's order
+  std::vector<RunCategory> categories;  ///< by column, in the run's order
+  std::vector<RunToken> tokens;         ///< by column, in the run's order
   std::vector<HistoryEntry> history;
 };
 

@@ -33,7 +33,7 @@ std::string Lead(const ReportData& data) {
   line += fmt::format(
       ", {} of {}", Counted(rows, "record"),
       Counted(static_cast<std::int64_t>(data.groups.front().Labels().size()), "column"));
-  if (data.scale.type != RunScale::kNone) {
+  if (data.scale.type != normalization_type::kNone) {
     line += fmt::format(", numeric inputs normalised ({})", ScaleText(data.scale));
   }
   return line + ".";

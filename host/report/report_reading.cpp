@@ -1,78 +1,31 @@
 #include "host/report/report_reading.h"
 
-#include <fmt/format.h>
-
 #include <utility>
 
 #include "host/preparation/run_metadata.h"
+#include "host/preparation/run_preparation.h"
 #include "host/program/interruption.h"
 #include "tslm5/contracts/nominal_metadata.h"
 
 namespace tslm5::host {
 namespace {
 
-double ReadFloat(const RunSession& session, std::string_view sql) {
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(sql);
-  return reader->Read() ? reader->GetDouble(0) : 0.0;
-}
-
-void ReadParameters(const RunSession& session, ReportData& data) {
-  if (!session.Connection().TableExists("RunParameters")) return;
-  const auto where = [](std::string_view space, std::string_view element) {
-    return fmt::format("FROM RunParameters WHERE namespace = '{}' AND element = '{}'", space,
-                       element);
-  };
-  data.problem = session.ReadInteger("SELECT intvalue " + where("set_gen", "ProblemCategory"));
-  data.scale.type = session.ReadInteger("SELECT intvalue " + where("data", "NormalizationType"));
-  data.scale.new_minimum =
-      ReadFloat(session, "SELECT floatvalue " + where("data", "NormalizationNewMinValue"));
-  data.scale.new_maximum =
-      ReadFloat(session, "SELECT floatvalue " + where("data", "NormalizationNewMaxValue"));
-}
-
-void ReadCategories(const RunSession& session, ReportData& data) {
-  if (!session.Connection().TableExists("DataSetColumnCategories")) return;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-      "SELECT CAST(substr(Name, 2) AS INTEGER), NominalValue, NumericValue, CategoryCount FROM "
-      "DataSetColumnCategories ORDER BY 1, rowid");
-  while (reader->Read()) {
-    data.categories.push_back(
-        {reader->GetInteger(0), reader->GetString(1), reader->GetDouble(2), reader->GetInteger(3)});
-  }
-}
-
-void ReadTokens(const RunSession& session, ReportData& data) {
-  if (!session.Connection().TableExists("MissingMappings")) return;
-  const Ref<IDataReader> reader = session.Connection().ExecuteReader(
-      "SELECT ColumnIndex, OriginalValue, MissingCount, Replacement, ReplacementType FROM "
-      "MissingMappings ORDER BY ColumnIndex, Id");
-  while (reader->Read()) {
-    ReportToken token{reader->GetInteger(0),
-                      reader->GetString(1),
-                      reader->GetInteger(2),
-                      {},
-                      reader->GetInteger(4)};
-    if (!reader->IsNull(3)) token.replacement = reader->GetDouble(3);
-    data.tokens.push_back(std::move(token));
-  }
-}
-
 /// The figures that the run keeps of a set; what it does not keep is that of the pass, which knows
 /// all but the middle value.
 void FillFigures(const RunSession& session, ReportSet& set) {
   for (std::size_t i = 0; i < set.columns.size(); ++i) {
     set.figures.push_back({});
-    set.figures.back().index = static_cast<std::int32_t>(i);
+    set.figures.back().column = static_cast<std::int32_t>(i);
   }
-  for (const ColumnFigures& kept : ReadColumnFigures(session, set.name->type)) {
-    const auto column = static_cast<std::size_t>(kept.index);
+  for (const RunFigures& kept : ReadColumnFigures(session, set.name->type)) {
+    const auto column = static_cast<std::size_t>(kept.column);
     if (column >= set.figures.size()) continue;
     set.figures[column] = kept;
     set.has_statistics = true;
   }
   for (std::size_t i = 0; i < set.columns.size(); ++i) {
     const ValueSketch& column = set.columns[i];
-    ColumnFigures& figures = set.figures[i];
+    RunFigures& figures = set.figures[i];
     if (!figures.centroid) figures.centroid = column.Mean();
     if (!figures.minimum) figures.minimum = column.Minimum();
     if (!figures.maximum) figures.maximum = column.Maximum();
@@ -160,11 +113,12 @@ ReportData ReadReport(const RunSession& session, const std::string& run, Progres
   ReportData data;
   data.run = run;
   data.schema_version = session.SchemaVersion();
-  ReadParameters(session, data);
+  data.problem = ReadProblem(session);
+  data.scale = ReadScale(session);
   for (const SetName& set : kSets) ReadSet(session, set, data, progress);
   for (ReportGroup& group : data.groups) SettleClasses(data.problem, group);
-  ReadCategories(session, data);
-  ReadTokens(session, data);
+  session.Categories().ReadCategories(data.categories);
+  session.MissingValues().ReadTokens(data.tokens);
   data.history = ReadHistory(session);
   return data;
 }

@@ -57,7 +57,7 @@ std::string SeriesFigure(const ReportSet& set) {
   return html + "</div></div></figure>\n";
 }
 
-std::string CategoryRow(const ReportCategory& one, std::int64_t highest) {
+std::string CategoryRow(const RunCategory& one, std::int64_t highest) {
   const double share = 100.0 * static_cast<double>(one.count) / static_cast<double>(highest);
   return fmt::format(
       "<tr><th scope=\"row\" class=\"text\">{}</th><td class=\"number\">{}</td><td "
@@ -131,7 +131,8 @@ std::string CategoriesSection(const ReportData& data) {
       return one.column != first->column;
     });
     std::int64_t highest = 1;
-    for (auto one = first; one != last; ++one) highest = std::max(highest, one->count);
+    for (auto one = first; one != last; ++one)
+      highest = std::max<std::int64_t>(highest, one->count);
     html += fmt::format(
         "<article class=\"card categories{}\" id=\"categories-{}\"><header><h3>{}</h3><p "
         "class=\"badges\"><span class=\"badge\">{}</span></p></header><table><thead><tr><th "
@@ -154,13 +155,13 @@ std::string MissingSection(const ReportData& data) {
       "scope=\"col\">Column</th><th scope=\"col\">Token</th><th scope=\"col\" "
       "class=\"number\">Cells</th><th scope=\"col\" class=\"number\">Replacement</th><th "
       "scope=\"col\">Chosen as</th></tr></thead><tbody>";
-  for (const ReportToken& token : data.tokens) {
+  for (const RunToken& token : data.tokens) {
     html += fmt::format(
         "<tr><th scope=\"row\" class=\"text\">{}</th><td class=\"text\">{}</td><td "
         "class=\"number\">{}</td><td class=\"number\">{}</td><td>{}</td></tr>",
         HtmlLabel(ColumnLabel(data, token.column)),
         token.text.empty() ? "<span class=\"none\">empty</span>" : HtmlLabel(token.text),
-        HtmlCount(token.count), HtmlFigure(token.replacement), HowText(token.replacement_type));
+        HtmlCount(token.count), HtmlFigure(token.replacement), HowText(token.type));
   }
   return html + "</tbody></table></div>\n";
 }

@@ -41,7 +41,8 @@ std::int32_t CountCells(const RunSession& session, std::int32_t columns, const c
     const std::string name = "d" + std::to_string(column);
     sql += (column > 0 ? " + " : "") + ("COALESCE(SUM(typeof(" + name) + ") = '" + kind + "'), 0)";
   }
-  return session.ReadInteger(sql + " FROM TrainingSet");
+  const Ref<IDataReader> reader = session.Connection().ExecuteReader(sql + " FROM TrainingSet");
+  return reader->Read() ? reader->GetInteger(0) : 0;
 }
 
 TEST(LoaderAgreement, TheSurveyCountsWhatTheRunHolds) {

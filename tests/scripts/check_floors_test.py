@@ -115,6 +115,40 @@ class CheckFloorsTest(unittest.TestCase):
         self.write("src/storage/a.cpp", '#include "table.h"')
         self.assertEqual(self.run_check()[0], 0)
 
+    def test_sql_outside_of_its_rooms_fails(self):
+        statements = [
+            "SELECT d0 FROM TrainingSet",
+            "DELETE FROM RunHistory",
+            "INSERT INTO RunHistory VALUES (1)",
+            "UPDATE TrainingSet SET d0 = 1",
+            "CREATE TABLE Other (a)",
+            "DROP TABLE Other",
+            "PRAGMA user_version",
+        ]
+        for path in ("host/commands/a.cpp", "src/datasetlite/a.cpp", "examples/a.cpp"):
+            for statement in statements:
+                with self.subTest(path=path, statement=statement):
+                    self.write(path, f'Execute("{statement}");')
+                    code, printed = self.run_check()
+                    self.assertEqual(code, 1)
+                    self.assertIn(f'{path}:1: "{statement}": SQL belongs to', printed)
+                    (self.root / path).unlink()
+
+    def test_sql_in_its_rooms_and_words_that_are_none_pass(self):
+        cases = [
+            ("src/storage/a.cpp", 'Execute("SELECT 1");'),
+            ("src/run/a.cpp", 'Execute("DROP TABLE Other");'),
+            ("src/engine/a.cpp", 'Execute("PRAGMA user_version");'),
+            ("tests/storage/a.cpp", 'Execute("SELECT 1");'),
+            ("host/commands/a.cpp", '// Execute("SELECT 1");'),
+            ("host/commands/a.cpp", 'Print("select a column, UPDATE it");'),
+        ]
+        for path, line in cases:
+            with self.subTest(path=path, line=line):
+                self.write(path, line)
+                self.assertEqual(self.run_check()[0], 0)
+                (self.root / path).unlink()
+
     def test_a_root_without_sources_is_an_error(self):
         code, printed = self.run_check()
         self.assertEqual(code, 2)
