@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "contracts/event_args_objects.h"
+#include "datacheck/data_check_object.h"
 #include "datasetlite/data_set_lite.h"
 #include "delimited/reader_object.h"
 #include "inmemory/in_memory_set.h"
@@ -36,6 +37,7 @@ constexpr PublicClass kClasses[] = {
     {"RunSchema", class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},
     {"DelimitedReader", class_id::kDelimitedReader,
      [] { return Ref<IUnknown>(delimited::MakeReaderObject()); }},
+    {"DataCheck", class_id::kDataCheck, [] { return Ref<IUnknown>(MakeDataCheck()); }},
 };
 
 std::atomic<std::int64_t> server_locks{0};

@@ -1,5 +1,6 @@
 #include "datacheck/check_texts.h"
 
+#include "datacheck/text_check.h"
 #include "support/text_cleanup.h"
 #include "support/utf8.h"
 
@@ -59,6 +60,48 @@ std::string InvalidValue(std::int64_t row, std::int64_t column, std::string_view
   std::string text = "Invalid <DATASET>. Value in row ";
   text += Grouped(row) + ", column " + std::to_string(column) + "." + " is invalid: ";
   return text += Utf8::FirstCharacters(value, kShownCharacters);
+}
+
+std::string TextOf(const TextFinding& finding, const DataCheckRules& rules) {
+  switch (finding.code) {
+    case CheckCode::kNoFirstLine:
+      return std::string(kInvalidFile);
+    case CheckCode::kFirstLinesEmpty:
+      return std::string(kFirstLinesEmpty);
+    case CheckCode::kLoneReturns:
+      return std::string(kLoneReturns);
+    case CheckCode::kUnknownSeparator:
+      return std::string(kInvalidSeparator);
+    case CheckCode::kTooManyColumns:
+      return std::string(kTooManyColumns);
+    case CheckCode::kLabelCount:
+      return std::string(kLabelCount);
+    case CheckCode::kLabelSeparator:
+      return std::string(kLabelSeparator);
+    case CheckCode::kNulInLabels:
+      return std::string(kNulInLabels);
+    case CheckCode::kFirstFieldNoNumber:
+      return std::string(kFirstFieldNotNumeric);
+    case CheckCode::kNoRecords:
+    case CheckCode::kEmptyLine:
+      return std::string(kEmptyRows);
+    case CheckCode::kTooManyRecords:
+      return TooManyRows(rules.most_row_index);
+    case CheckCode::kFieldCount:
+      return ColumnCount(finding.record);
+    case CheckCode::kMissingResponse:
+      return MissingResponse(finding.record, finding.column);
+    case CheckCode::kMissingValue:
+    case CheckCode::kText:
+      return InvalidValue(finding.record, finding.column, finding.value);
+  }
+  return {};
+}
+
+std::string WithSetName(std::string text, std::string_view name) {
+  constexpr std::string_view kMark = "<DATASET>";
+  if (text.starts_with(kPrefix)) text.replace(kPrefix.find(kMark), kMark.size(), name);
+  return text;
 }
 
 std::string WithoutPrefix(std::string_view text) {

@@ -7,6 +7,9 @@
 
 namespace tslm5 {
 
+struct DataCheckRules;
+struct TextFinding;
+
 /// The data check's words for the user. "<DATASET>" stands for the set's name, which the
 /// application puts in; the check never does. Rows and columns in them are 1-based.
 namespace check_text {
@@ -59,6 +62,12 @@ std::string ColumnCount(std::int64_t row);
 std::string MissingResponse(std::int64_t row, std::int64_t column);
 /// Shows the first 15 characters of `value`.
 std::string InvalidValue(std::int64_t row, std::int64_t column, std::string_view value);
+
+/// The words of `IsValidDataSet` for a finding.
+std::string TextOf(const TextFinding& finding, const DataCheckRules& rules);
+
+/// `text` with the name of a set in its beginning, where that has the place for one.
+std::string WithSetName(std::string text, std::string_view name);
 
 /// `text` without every occurrence of `kPrefix`.
 std::string WithoutPrefix(std::string_view text);

@@ -7,54 +7,43 @@
 #include "contracts/event_args_objects.h"
 #include "datacheck/check_texts.h"
 #include "datacheck/invalid_position.h"
-#include "datacheck/row_scanner.h"
+#include "datacheck/text_check.h"
 #include "support/file_helpers.h"
 #include "support/locale.h"
-#include "support/null_helper.h"
-#include "support/numeric_test.h"
-#include "support/separators.h"
 #include "support/shared_functions.h"
-#include "support/text_cleanup.h"
-#include "support/text_split.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 namespace {
 
-constexpr const char* kSource = "IsValidDataSet";
-constexpr const char* kResponseSource = "IsValiddataSet";
-constexpr std::int32_t kLinesLookedAt = 100;
 constexpr std::int64_t kRowsPerFeedback = 10;
 
-/// A refusal before the data are looked at: its words, in a type of their own.
-struct Refusal {
-  std::string_view text;
-};
-
-[[noreturn]] void RaiseInvalidData(std::string description) {
-  throw Error(error_number::kInvalidData, kSource, std::move(description));
+std::string_view StageText(CheckStage stage) {
+  switch (stage) {
+    case CheckStage::kSeparator:
+      return check_text::kCheckingSeparator;
+    case CheckStage::kLabels:
+      return check_text::kCheckingLabels;
+    case CheckStage::kData:
+      return check_text::kCheckingData;
+    case CheckStage::kRemovingSeparators:
+      return check_text::kRemovingSeparators;
+    case CheckStage::kClearingRows:
+      return check_text::kClearingRows;
+    case CheckStage::kRemovingCharacters:
+      return check_text::kRemovingCharacters;
+  }
+  return {};
 }
 
-/// The upper bound of the list of a line's fields: their number less one, -1 for the empty line.
-std::int64_t LastFieldIndex(std::string_view line, std::string_view separator) {
-  std::int64_t count = 0;
-  FieldCursor fields(line, separator);
-  for (std::string_view field; fields.Next(field);) ++count;
-  return count - 1;
-}
-
-/// One run of the check.
-class DataCheck {
+/// One run of the check, told in events.
+class DataCheck final : private TextCheckObserver {
  public:
-  DataCheck(std::string_view file_name, bool has_labels, std::int32_t separator,
-            const DataCheckRules& rules, DataCheckListener& listener)
+  DataCheck(std::string_view file_name, const TextCheckRules& rules, DataCheckListener& listener)
       : file_name_(file_name),
-        has_labels_(has_labels),
-        separator_(separator),
         rules_(rules),
         listener_(listener),
-        decimal_(CurrentLocale().DecimalSymbol()),
         arguments_(MakeParseEventArgs()) {
     arguments_->put_Source(file_name);
     arguments_->put_ParseType(0);
@@ -67,19 +56,9 @@ class DataCheck {
         End(check_text::kCancelled);
         return false;
       }
-      ReadFile();
-      FindFirstLines();
-      Feedback(check_text::kCheckingSeparator);
-      if (separator_ != separator_code::kNone) CheckFirstLines();
-      // Not a rule of the file's form, but a load would not take such labels.
-      if (labels_row_.find('\0') != std::string_view::npos) {
-        throw Refusal{check_text::kNulInLabels};
-      }
-      Feedback(check_text::kCheckingData);
-      CheckData();
+      Check();
+      if (!refusal_.empty()) return Fail(message, refusal_, check_text::WithoutPrefix(refusal_));
       return true;
-    } catch (const Refusal& refusal) {
-      return Fail(message, std::string(refusal.text), refusal.text);
     } catch (const Error& error) {
       return Fail(message, error.Description(), check_text::WithoutPrefix(error.Description()));
     } catch (const std::bad_alloc&) {
@@ -90,6 +69,31 @@ class DataCheck {
   }
 
  private:
+  void Begin(CheckStage stage) override { Feedback(StageText(stage)); }
+
+  std::int64_t RecordsPerReport() const override {
+    return listener_.IsListening() ? kRowsPerFeedback : 0;
+  }
+
+  /// Ends early, and as a success, when a handler cancels.
+  bool Record(std::int64_t index, std::int64_t count) override {
+    row_index_ = index;
+    Feedback(check_text::CheckingRow(index + 1));
+    if (!arguments_->Cancel()) return true;
+    arguments_->put_Rows(static_cast<std::int32_t>(index));
+    End(check_text::kCancelled);
+    rows_if_cancelled_ = count;
+    return false;
+  }
+
+  void Found(const TextFinding& finding) override {
+    row_index_ = finding.record > 0 ? finding.record - 1 : 0;
+    NotePosition(finding);
+    refusal_ = check_text::TextOf(finding, rules_.data);
+  }
+
+  void Changed(std::int64_t, std::int64_t, std::string_view) override {}
+
   void Feedback(std::string_view text) {
     if (!listener_.IsListening()) return;
     arguments_->put_Message(text);
@@ -112,164 +116,57 @@ class DataCheck {
     return false;
   }
 
-  /// A failure of the system is none of the file, and keeps its own words.
-  void ReadFile() {
-    FileHelpers::TextFile file = SharedFunctions::ReadFile(file_name_);
-    switch (file.kind) {
-      case FileHelpers::TextFile::Kind::kRead:
-        text_ = std::move(file.text);
-        return;
-      case FileHelpers::TextFile::Kind::kForbidden:
-        throw Refusal{check_text::kInvalidFile};
-      default:
-        throw Refusal{check_text::kFileNotFound};
+  void Check() {
+    const FileHelpers::TextFile file = SharedFunctions::ReadFile(file_name_);
+    if (file.kind != FileHelpers::TextFile::Kind::kRead) {
+      const bool is_forbidden = file.kind == FileHelpers::TextFile::Kind::kForbidden;
+      refusal_ = is_forbidden ? check_text::kInvalidFile : check_text::kFileNotFound;
+      return;
     }
-  }
-
-  /// Finds the labels row and the first data row. Leading empty lines are refused on purpose, in
-  /// one of two ways: a first line with something in it must be among the first 99 to be looked at.
-  void FindFirstLines() {
-    std::string_view rest = text_;
-    std::string_view line;
-    std::int32_t lines = 0;
-    while (line.empty()) {
-      if (rest.empty()) throw Refusal{check_text::kInvalidFile};
-      line = TakeLine(rest);
-      if (++lines == kLinesLookedAt) throw Refusal{check_text::kFirstLinesEmpty};
-    }
-    if (lines > 1) throw Refusal{check_text::kInvalidFile};
-    if (has_labels_) {
-      if (rest.empty()) {
-        throw Refusal{SharedFunctions::HasLoneReturns(text_) ? check_text::kLoneReturns
-                                                             : check_text::kInvalidFile};
-      }
-      labels_row_ = line;
-      line = TakeLine(rest);
-    }
-    first_row_ = line;
-  }
-
-  static std::string_view TakeLine(std::string_view& rest) {
-    const std::size_t end = rest.find('\n');
-    std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    return line;
-  }
-
-  void CheckFirstLines() {
-    if (separator_ < separator_code::kNone || separator_ > separator_code::kBar) {
-      throw Refusal{check_text::kInvalidSeparator};
-    }
-    const std::string_view separator = SharedFunctions::SeparatorToString(separator_);
-    last_column_ = LastFieldIndex(first_row_, separator);
-    if (last_column_ > rules_.most_column_index) throw Refusal{check_text::kTooManyColumns};
-    if (has_labels_) {
-      Feedback(check_text::kCheckingLabels);
-      if (LastFieldIndex(labels_row_, separator) != last_column_) {
-        throw Refusal{check_text::kLabelCount};
-      }
-      if (labels_row_.find(separator) == std::string_view::npos) {
-        throw Refusal{check_text::kLabelSeparator};
-      }
-    }
-    const std::string_view first_field = first_row_.substr(0, first_row_.find(separator));
-    if (!IsNumeric(first_field, decimal_) && !IsNumeric(first_field, '.')) {
-      throw Refusal{check_text::kFirstFieldNotNumeric};
-    }
-  }
-
-  void CheckData() {
-    if (text_.empty()) RaiseInvalidData(std::string(check_text::kFileIsEmpty));
-    if (separator_ != separator_code::kNone) {
-      TextCleanup::ReplaceSeparator(text_, SharedFunctions::SeparatorToString(separator_));
-    }
-    Feedback(check_text::kRemovingSeparators);
-    TextCleanup::CollapseRuns(text_, ' ');
-    const bool has_empty_row = HasEmptyRowInside(text_);
-    Feedback(check_text::kClearingRows);
-    Feedback(check_text::kRemovingCharacters);
-    const bool drops_labels = has_labels_ && !IsFirstLineBlank();
-    TextCleanup::CleanLines(text_);
-    const std::size_t start = drops_labels ? TextCleanup::SecondLineOffset(text_) : 0;
-    std::string_view data = std::string_view(text_).substr(start);
-    while (data.ends_with('\n')) data.remove_suffix(1);
-    if (has_empty_row || data.empty()) RaiseInvalidData(std::string(check_text::kEmptyRows));
-
-    const auto rows = static_cast<std::int64_t>(TextCleanup::CountLines(data));
-    if (rows - 1 > rules_.most_row_index) {
-      throw Error(error_number::kTooManyRows, kSource,
-                  check_text::TooManyRows(rules_.most_row_index));
-    }
-    CheckRows(data, rows);
-    row_index_ = rows;
-    arguments_->put_Rows(static_cast<std::int32_t>(rows));
+    const TextCheck::Result result = TextCheck(file.text, rules_, *this).Run();
+    if (!refusal_.empty()) return;
+    row_index_ = result.was_stopped ? rows_if_cancelled_ : result.records;
+    arguments_->put_Rows(static_cast<std::int32_t>(row_index_));
     End(check_text::kCompleted);
   }
 
-  /// Whether the clean-up deletes the first line: then it cannot be dropped a second time.
-  bool IsFirstLineBlank() const {
-    const std::size_t first = text_.find_first_not_of(" \t;");
-    return first == std::string::npos || text_[first] == '\n';
-  }
-
-  /// Ends early, and as a success, when a handler cancels.
-  void CheckRows(std::string_view data, std::int64_t rows) {
-    const bool listening = listener_.IsListening();
-    RowScanner scanner(data, decimal_);
-    for (row_index_ = 0; !scanner.AtEnd(); ++row_index_) {
-      if (listening && (row_index_ % kRowsPerFeedback == 0 || row_index_ == rows - 1)) {
-        Feedback(check_text::CheckingRow(row_index_ + 1));
-        if (arguments_->Cancel()) {
-          arguments_->put_Rows(static_cast<std::int32_t>(row_index_));
-          return End(check_text::kCancelled);
-        }
-      }
-      CheckRow(scanner.Next());
-    }
-  }
-
-  void CheckRow(const RowScanner::Row& row) {
-    if (row.fields - 1 == last_column_ && row.first_invalid < 0) return;
+  /// A row as a whole writes the row alone, and a missing response nothing.
+  static void NotePosition(const TextFinding& finding) {
     InvalidPosition& position = LastInvalidPosition();
-    const std::int64_t number = row_index_ + 1;
-    if (row.is_empty) {
-      position.row = static_cast<std::int32_t>(number);
-      RaiseInvalidData(check_text::MissingInRow(number));
+    const bool is_field =
+        finding.code == CheckCode::kText || finding.code == CheckCode::kMissingValue;
+    if (is_field || finding.code == CheckCode::kFieldCount) {
+      position.row = static_cast<std::int32_t>(finding.record);
     }
-    if (row.fields - 1 != last_column_) {
-      position.row = static_cast<std::int32_t>(number);
-      RaiseInvalidData(check_text::ColumnCount(number));
-    }
-    if (rules_.checks_response && NullHelper::IsMissingToken(row.last_field)) {
-      throw Error(error_number::kMissingResponse, kResponseSource,
-                  check_text::MissingResponse(number, row.fields));
-    }
-    position.column = row.first_invalid + 1;
-    position.row = static_cast<std::int32_t>(number);
-    RaiseInvalidData(check_text::InvalidValue(number, row.first_invalid + 1, row.invalid_field));
+    if (is_field) position.column = static_cast<std::int32_t>(finding.column);
   }
 
   std::string_view file_name_;
-  bool has_labels_;
-  std::int32_t separator_;
-  DataCheckRules rules_;
+  TextCheckRules rules_;
   DataCheckListener& listener_;
-  char decimal_;
   Ref<IParseEventArgs> arguments_;
-
-  std::string text_;
-  std::string_view labels_row_;  // into text_, good until it is changed
-  std::string_view first_row_;
-  std::int64_t last_column_ = 0;  // one column when there is no separator
-  std::int64_t row_index_ = 0;    // the row under examination, 0-based
+  std::int64_t row_index_ = 0;  // the row under examination, 0-based
+  std::int64_t rows_if_cancelled_ = 0;
+  std::string refusal_;
 };
 
 }  // namespace
 
+DataCheckRules RulesOf(std::int32_t problem_category) {
+  DataCheckRules rules;
+  rules.checks_response = problem_category == problem_category::kClassification ||
+                          problem_category == problem_category::kFurtherClassification;
+  return rules;
+}
+
 bool CheckDataFile(std::string_view file_name, bool has_labels, std::int32_t separator,
                    const DataCheckRules& rules, DataCheckListener& listener, std::string& message) {
-  return DataCheck(file_name, has_labels, separator, rules, listener).Run(message);
+  TextCheckRules text_rules;
+  text_rules.has_labels = has_labels;
+  text_rules.separator = separator;
+  text_rules.decimal = CurrentLocale().DecimalSymbol();
+  text_rules.data = rules;
+  return DataCheck(file_name, text_rules, listener).Run(message);
 }
 
 }  // namespace tslm5

@@ -19,6 +19,9 @@ struct DataCheckRules {
   std::int64_t most_row_index = 20000000;
 };
 
+/// The rules for data of a `problem_category`: a classified response must not be missing.
+DataCheckRules RulesOf(std::int32_t problem_category);
+
 /// Whom the check tells: the listeners of the dataset that runs it.
 class DataCheckListener {
  public:

@@ -12,10 +12,6 @@ namespace {
 
 using ByteScan::ByteBlock;
 
-bool IsBlankRow(std::string_view row) {
-  return row.find_first_not_of(" \t;") == std::string_view::npos;
-}
-
 constexpr int kSureExponentDigits = 2;  // with such an exponent, sixteen characters are finite
 
 /// Whether the first `size` of sixteen bytes are a number beyond doubt. False leaves it open for a
@@ -90,26 +86,31 @@ RowScanner::Row RowScanner::Next() {
   return row;
 }
 
-bool HasEmptyRowInside(std::string_view text) {
+std::size_t FindEmptyRowInside(std::string_view text, char separator) {
+  constexpr std::size_t kNone = std::string_view::npos;
+  const char nothing[] = {' ', '\t', ';', separator, '\n'};
+  const std::string_view all_nothing(nothing, sizeof(nothing));
+  const std::string_view blanks = all_nothing.substr(0, all_nothing.size() - 1);
   const char* const end = text.data() + text.size();
-  const std::size_t first = text.find_first_not_of(" \t;\n");
-  if (first == std::string_view::npos) return false;
+  const std::size_t first = text.find_first_not_of(all_nothing);
+  if (first == kNone) return kNone;
   const char* p = text.data() + first;
   for (;;) {
-    // The next line feed with a line feed, blank, tab or ";" after it.
+    // The next line feed with a line feed, blank, tab, ";" or separator after it.
     p = ByteScan::Find<1>(
         p, end,
-        [](const char* q) {
+        [separator](const char* q) {
           const ByteBlock next(q + 1);
-          return ByteBlock(q).Equal('\n') &
-                 (next.Equal('\n') | next.Equal(' ') | next.Equal('\t') | next.Equal(';'));
+          return ByteBlock(q).Equal('\n') & (next.Equal('\n') | next.Equal(' ') | next.Equal('\t') |
+                                             next.Equal(';') | next.Equal(separator));
         },
         [](const char* q) { return *q == '\n'; });
-    if (p == end) return false;
+    if (p == end) return kNone;
     const std::string_view rest(p + 1, static_cast<std::size_t>(end - p - 1));
     const std::string_view row = rest.substr(0, rest.find('\n'));
-    if (IsBlankRow(row)) {
-      return rest.find_first_not_of(" \t;\n") != std::string_view::npos;
+    if (row.find_first_not_of(blanks) == kNone) {
+      const bool is_inside = rest.find_first_not_of(all_nothing) != kNone;
+      return is_inside ? static_cast<std::size_t>(rest.data() - text.data()) : kNone;
     }
     p += 1 + row.size();
   }

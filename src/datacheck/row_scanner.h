@@ -1,6 +1,7 @@
 #ifndef TSLM5_DATACHECK_ROW_SCANNER_H_
 #define TSLM5_DATACHECK_ROW_SCANNER_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -42,9 +43,13 @@ class RowScanner {
   char decimal_;
 };
 
-/// Whether a row that is empty, or holds nothing but blanks, tabs and ";", stands between two rows
-/// that hold something else.
-bool HasEmptyRowInside(std::string_view text);
+/// Where the first row begins that is empty, or holds nothing but blanks, tabs, ";" and separators,
+/// and stands between two rows that hold something else; npos when there is none.
+std::size_t FindEmptyRowInside(std::string_view text, char separator = ' ');
+
+inline bool HasEmptyRowInside(std::string_view text) {
+  return FindEmptyRowInside(text) != std::string_view::npos;
+}
 
 }  // namespace tslm5
 

@@ -104,11 +104,9 @@ bool DataSetFacet::SetData(IUnknown* pSource, std::int32_t pDataSetType) {
 bool DataSetFacet::IsValidDataSet(std::string_view pDataFilePath, bool pHasLabels,
                                   std::int32_t& pSeparator, std::string& outMessage) try {
   const Ref<IDataSet> keep_alive(this);  // a handler may let go of the set
-  DataCheckRules rules;
-  rules.checks_response = state_.problem_category == problem_category::kClassification ||
-                          state_.problem_category == problem_category::kFurtherClassification;
   SinkDataCheckListener<IDataSetLiteEvents> listener(state_.sinks);
-  return CheckDataFile(pDataFilePath, pHasLabels, pSeparator, rules, listener, outMessage);
+  return CheckDataFile(pDataFilePath, pHasLabels, pSeparator, RulesOf(state_.problem_category),
+                       listener, outMessage);
 } catch (...) {
   RaiseAsError();
 }

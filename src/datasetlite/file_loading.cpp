@@ -11,7 +11,6 @@
 #include "storage/table_limits.h"
 #include "storage/table_names.h"
 #include "storage/transaction.h"
-#include "support/file_helpers.h"
 #include "support/label_test.h"
 #include "support/locale.h"
 #include "support/separators.h"
@@ -30,28 +29,20 @@ Ref<IParseEventArgs> MakeArguments(std::string_view file_name) {
   return arguments;
 }
 
-/// The text of a file, opened once; what is not a file raises 53 or 75 in words of its own.
+/// The text of a file, opened once; one without text that could be loaded raises 41011.
 std::string ReadFile(std::string_view file_name, const char* source) {
-  using Kind = FileHelpers::TextFile::Kind;
-  const std::string path(file_name);
-  FileHelpers::TextFile file = SharedFunctions::ReadFile(path);
-  if (file.kind == Kind::kForbidden) FileHelpers::RaiseForbidden(path);
-  if (file.kind == Kind::kAbsent) {
-    throw Error(error_number::kFileNotFound, source, "The file " + path + " was not found.");
-  }
-  if (file.kind == Kind::kFolder) {
-    throw Error(error_number::kFileAccess, source,
-                path + " is a folder; a delimited text file was expected.");
-  }
-  if (file.text.empty()) {
-    throw Error(error_number::kInvalidData, source, "The file " + path + " is empty.");
-  }
-  if (SharedFunctions::HasLoneReturns(file.text)) {
+  std::string text = SharedFunctions::ReadExistingFile(file_name, source);
+  if (text.empty()) {
     throw Error(error_number::kInvalidData, source,
-                "The lines of the file " + path +
-                    " end at carriage returns alone. Save it with line feeds.");
+                std::string("The file ").append(file_name).append(" is empty."));
   }
-  return std::move(file.text);
+  if (SharedFunctions::HasLoneReturns(text)) {
+    throw Error(error_number::kInvalidData, source,
+                std::string("The lines of the file ")
+                    .append(file_name)
+                    .append(" end at carriage returns alone. Save it with line feeds."));
+  }
+  return text;
 }
 
 std::string_view WithoutEmptyRowsAtEnd(std::string_view text) {

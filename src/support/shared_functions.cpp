@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <utility>
 
 #include "support/text_cleanup.h"
+#include "tslm5/platform/error.h"
 
 namespace tslm5::SharedFunctions {
 
@@ -18,6 +20,21 @@ FileHelpers::TextFile ReadFile(std::string_view path) {
   FileHelpers::TextFile file = FileHelpers::ReadFile(path);
   TextCleanup::ReplaceToken(file.text, "\r\n", "\n");
   return file;
+}
+
+std::string ReadExistingFile(std::string_view path, const char* source) {
+  using Kind = FileHelpers::TextFile::Kind;
+  FileHelpers::TextFile file = ReadFile(path);
+  if (file.kind == Kind::kForbidden) FileHelpers::RaiseForbidden(path);
+  if (file.kind == Kind::kAbsent) {
+    throw Error(error_number::kFileNotFound, source,
+                std::string("The file ").append(path).append(" was not found."));
+  }
+  if (file.kind == Kind::kFolder) {
+    throw Error(error_number::kFileAccess, source,
+                std::string(path).append(" is a folder; a delimited text file was expected."));
+  }
+  return std::move(file.text);
 }
 
 bool HasLoneReturns(std::string_view text) {

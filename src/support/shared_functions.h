@@ -18,6 +18,10 @@ std::string ReadTextFile(std::string_view path);
 /// The same of `FileHelpers::ReadFile`, for those who tell apart what stands at the path.
 FileHelpers::TextFile ReadFile(std::string_view path);
 
+/// The same text, for those who need a file: raises 53 when nothing stands at the path and 75 for
+/// a folder, both with `source`, and 75 when the file cannot be read.
+std::string ReadExistingFile(std::string_view path, const char* source);
+
 /// Whether the lines of a text end at carriage returns alone: it has several of them by those, and
 /// only one by line feeds.
 bool HasLoneReturns(std::string_view text);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "tslm5/component/class_factory.h"
+#include "tslm5/contracts/data_check.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/delimited_reader.h"
 #include "tslm5/contracts/deployment_data_set.h"
@@ -32,6 +33,7 @@ constexpr PublicClass kClasses[] = {
     {class_id::kRunCatalog, "RunCatalog", IRunCatalog::kId},
     {class_id::kRunSchema, "RunSchema", IRunSchema::kId},
     {class_id::kDelimitedReader, "DelimitedReader", IDelimitedReader::kId},
+    {class_id::kDataCheck, "DataCheck", IDataCheck::kId},
 };
 
 Ref<IClassFactory> ClassObject(const Uuid& id) {

@@ -42,8 +42,9 @@ TEST(RegistrationText, NamesTheLibraryAndEveryClass) {
   const std::string text = RegistrationText("/some where/lib.so");
   EXPECT_EQ(text.find("component TSLM5DataManager\nversion "), 0U) << text;
   EXPECT_NE(text.find("\nlibrary /some where/lib.so\n"), std::string::npos) << text;
-  for (const char* name : {"DataSetLite", "InMemorySet", "OriginalDataSet", "ParseEventArgs",
-                           "RecordParsedEventArgs", "RunCatalog", "RunSchema", "DelimitedReader"}) {
+  for (const char* name :
+       {"DataSetLite", "InMemorySet", "OriginalDataSet", "ParseEventArgs", "RecordParsedEventArgs",
+        "RunCatalog", "RunSchema", "DelimitedReader", "DataCheck"}) {
     EXPECT_NE(text.find("\nclass " + std::string(name) + " "), std::string::npos) << text;
   }
   EXPECT_NE(text.find("class InMemorySet 54534c4d350000c2-8a1f4c0b6d2e73c2\n"), std::string::npos);

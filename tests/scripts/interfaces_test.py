@@ -34,6 +34,7 @@ RESULTS = {
     "const DelimitedHeader&": "header",
     "const DelimitedCounts&": "counts",
     "const std::vector<DelimitedFinding>&": "findings",
+    "DataCheckResult": "check result",
 }
 
 

@@ -24,6 +24,8 @@ inline constexpr Uuid kRunSchema{0x54534c4d350000c6ULL, 0x8a1f4c0b6d2e73c6ULL};
 inline constexpr Uuid kDelimitedReader{0x54534c4d350000c7ULL, 0x8a1f4c0b6d2e73c7ULL};
 /// What a run keeps, read and written in structures.
 inline constexpr Uuid kRunCatalog{0x54534c4d350000c8ULL, 0x8a1f4c0b6d2e73c8ULL};
+/// A check of delimited text before it is loaded.
+inline constexpr Uuid kDataCheck{0x54534c4d350000c9ULL, 0x8a1f4c0b6d2e73c9ULL};
 }  // namespace class_id
 
 /// A class object: makes the objects of one class.

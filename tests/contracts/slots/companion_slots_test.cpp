@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "contracts/slots/slot_of.h"
+#include "tslm5/contracts/data_check.h"
 #include "tslm5/contracts/delimited_reader.h"
 #include "tslm5/contracts/extra_set.h"
 #include "tslm5/contracts/is_dirty.h"
@@ -93,6 +94,10 @@ TEST(CompanionSlots, DelimitedReader) {
       &IDelimitedReader::OpenFile, &IDelimitedReader::OpenText, &IDelimitedReader::Dialect,
       &IDelimitedReader::Header, &IDelimitedReader::Next, &IDelimitedReader::Findings,
       &IDelimitedReader::FindingCount, &IDelimitedReader::MessageOf, &IDelimitedReader::Counts);
+}
+
+TEST(CompanionSlots, DataCheck) {
+  ExpectSlots<IDataCheck>(&IDataCheck::Check);
 }
 
 }  // namespace
