@@ -2,6 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <optional>
+#include <vector>
+
 #include "host/program/json_text.h"
 #include "host/program/shown_text.h"
 
@@ -13,38 +17,57 @@ nlohmann::ordered_json OrNull(const std::optional<T>& value) {
   return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json();
 }
 
-std::string Problems(const CheckReport& report) {
+/// A number of a place, of which 0 is none.
+nlohmann::ordered_json OrNull(std::int64_t number) {
+  return number != 0 ? nlohmann::ordered_json(number) : nlohmann::ordered_json();
+}
+
+/// The findings to be shown: all that were kept, or the first alone.
+const std::vector<DataCheckFinding>& Findings(const CheckReport& report) {
+  return (report.all ? report.whole : report.result).findings;
+}
+
+std::string FindingLines(const CheckReport& report) {
   std::string text;
-  for (const Problem& problem : report.problems.first) {
-    text += PlaceOf(problem) + Escaped(OneLine(problem.message)) + "\n";
+  for (const DataCheckFinding& finding : Findings(report)) {
+    text += PlaceOf(finding) + Escaped(OneLine(finding.message)) + "\n";
   }
-  const auto shown = static_cast<std::int64_t>(report.problems.first.size());
-  if (report.all && shown < report.problems.count) {
+  const auto shown = static_cast<std::int64_t>(Findings(report).size());
+  if (report.all && shown < report.whole.count) {
     text += fmt::format("and {} more problems; --max {} shows them all\n",
-                        report.problems.count - shown, report.problems.count);
+                        report.whole.count - shown, report.whole.count);
   }
   return text;
 }
 
-/// Whether a problem that is told is a value that is no number, and not the shape of the file.
+/// Whether a finding that is shown is a value that is no number, and not the shape of the file.
 bool TellsOfValues(const CheckReport& report) {
-  for (const Problem& problem : report.problems.first) {
-    for (const std::string_view words : {" is invalid: ", "non-numeric values", "missing values"}) {
-      if (problem.message.find(words) != std::string::npos) return true;
-    }
-  }
-  return false;
+  const auto& findings = Findings(report);
+  return std::any_of(findings.begin(), findings.end(),
+                     [](const DataCheckFinding& finding) { return IsAboutFields(finding.code); });
 }
 
 std::string Verdict(const CheckReport& report) {
   const std::string file = Escaped(report.file);
-  if (report.answer.is_valid) {
-    return fmt::format("{} is valid: {} records of {} columns\n", file, report.problems.records,
-                       report.problems.columns);
+  if (report.result.is_valid) {
+    return fmt::format("{} is valid: {} records of {} columns\n", file, report.result.records,
+                       report.result.columns);
   }
   if (!report.all) return fmt::format("{} is not valid\n", file);
-  return fmt::format("{} is not valid: {} problem{}\n", file, report.problems.count,
-                     report.problems.count == 1 ? "" : "s");
+  return fmt::format("{} is not valid: {} problem{}\n", file, report.whole.count,
+                     report.whole.count == 1 ? "" : "s");
+}
+
+/// The place that `IDataSet::InvalidPosition` has for a finding: of a record, or of a field.
+bool HasInvalidRow(const DataCheckFinding& finding) {
+  return finding.code == CheckCode::kText || finding.code == CheckCode::kMissingValue ||
+         finding.code == CheckCode::kFieldCount;
+}
+
+/// The records before the one that was refused; all of a valid text.
+std::int64_t PassedRecords(const DataCheckResult& result) {
+  if (result.findings.empty()) return result.records;
+  return std::max<std::int64_t>(result.findings.front().record - 1, 0);
 }
 
 }  // namespace
@@ -53,14 +76,13 @@ std::string CheckText(const CheckReport& report) {
   std::string text = Verdict(report);
   text +=
       fmt::format("separator  {}: {}\n", report.separator.separator->name, report.separator.reason);
-  if (const CellKind& changed = report.problems.changed; changed.first) {
+  if (const auto& changed = report.whole.first_changed) {
     text += fmt::format(
         "changed    {} cells lose a tab or a semicolon when they are loaded, the "
         "first on line {}, column {}: {}\n",
-        changed.count, changed.first->line, changed.first->column + 1,
-        Quoted(changed.first->value));
+        report.whole.changed_count, changed->line, changed->column, Quoted(changed->value));
   }
-  text += Problems(report);
+  text += FindingLines(report);
   if (TellsOfValues(report)) {
     text +=
         "note       words and missing values do not keep tslm5 load from a file: it codes the "
@@ -71,24 +93,28 @@ std::string CheckText(const CheckReport& report) {
 }
 
 std::string CheckJson(const CheckReport& report) {
+  const DataCheckFinding none;
+  const auto& findings = report.result.findings;
+  const DataCheckFinding& first = findings.empty() ? none : findings.front();
+  const bool has_row = HasInvalidRow(first);
   nlohmann::ordered_json object = {{"file", report.file},
                                    {"separator", report.separator.separator->name},
-                                   {"valid", report.answer.is_valid},
-                                   {"message", report.answer.message},
-                                   {"row", OrNull(report.answer.row)},
-                                   {"column", OrNull(report.answer.column)},
-                                   {"rows", report.answer.rows},
-                                   {"changedCells", report.problems.changed.count}};
+                                   {"valid", report.result.is_valid},
+                                   {"message", first.message},
+                                   {"row", OrNull(has_row ? first.record : 0)},
+                                   {"column", OrNull(has_row ? first.column : 0)},
+                                   {"rows", PassedRecords(report.result)},
+                                   {"changedCells", report.whole.changed_count}};
   if (report.all) {
-    object["problemCount"] = report.problems.count;
+    object["problemCount"] = report.whole.count;
     object["problems"] = nlohmann::ordered_json::array();
-    for (const Problem& problem : report.problems.first) {
-      object["problems"].push_back({{"line", OrNull(problem.line)},
-                                    {"record", OrNull(problem.record)},
-                                    {"column", OrNull(problem.column)},
-                                    {"label", OrNull(problem.label)},
-                                    {"value", problem.value},
-                                    {"message", problem.message}});
+    for (const DataCheckFinding& finding : report.whole.findings) {
+      object["problems"].push_back({{"line", OrNull(finding.line)},
+                                    {"record", OrNull(finding.record)},
+                                    {"column", OrNull(finding.column)},
+                                    {"label", OrNull(finding.label)},
+                                    {"value", Cut(finding.value)},
+                                    {"message", finding.message}});
     }
   }
   return JsonText(object);

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "host/preparation/file_check.h"
-#include "host/preparation/problem_list.h"
 #include "host/preparation/separators.h"
 
 namespace tslm5::host {
@@ -12,11 +11,10 @@ namespace tslm5::host {
 /// All that a check has to tell.
 struct CheckReport {
   const std::string& file;
-  const CheckRequest& request;
   const SeparatorChoice& separator;
-  const CheckAnswer& answer;
-  const ProblemList& problems;
-  bool all = false;  ///< every problem was asked for, not the first alone
+  const DataCheckResult& result;  ///< up to the first finding
+  const DataCheckResult& whole;   ///< of the whole text; the same where nothing was found
+  bool all = false;               ///< every finding was asked for, not the first alone
 };
 
 /// In words, a line a subject.

@@ -8,7 +8,6 @@
 #include "host/preparation/delimited_text.h"
 #include "host/preparation/file_check.h"
 #include "host/preparation/load_trial.h"
-#include "host/preparation/problem_list.h"
 #include "host/preparation/text_source.h"
 #include "host/preparation/user_locale.h"
 #include "host/program/common_options.h"
@@ -27,27 +26,26 @@ constexpr const char* kCheckExamples =
 
 /// What the check and the loader make of a file.
 struct Findings {
-  CheckAnswer answer;
-  ProblemList problems;
+  DataCheckResult first;  ///< up to the first finding
+  DataCheckResult whole;
 };
 
 /// A file that is refused as a whole, in words that name the place.
 Findings Refused(const std::string& words) {
   Findings findings;
-  findings.answer.message = words;
-  findings.problems.count = 1;
-  findings.problems.first.push_back({{}, {}, {}, {}, "", words});
+  findings.first.count = 1;
+  findings.first.findings.emplace_back().message = words;
+  findings.whole = findings.first;
   return findings;
 }
 
-Findings Check(const CheckOptions& options, const CheckRequest& request, const DelimitedText& text,
-               bool comma_is_decimal) {
+/// A valid file is gone through once.
+Findings Check(const CheckOptions& options, const CheckRequest& request) {
   Findings findings;
-  findings.answer = CheckFile(request);
-  findings.problems =
-      options.all
-          ? FindProblems(text, request, findings.answer, options.most_problems, comma_is_decimal)
-          : FindAnsweredProblem(text, request, findings.answer, comma_is_decimal);
+  findings.first = CheckFile(request);
+  findings.whole = findings.first.is_valid
+                       ? findings.first
+                       : CheckWholeFile(request, options.all ? options.most_problems : 0);
   return findings;
 }
 
@@ -67,22 +65,20 @@ ExitCode RunCheck(const CheckOptions& options, Output& output) {
 
   CheckRequest request;
   request.path = source.Path();
-  request.text = source.Text();
   request.separator = choice.separator;
   request.has_labels = options.has_labels;
   request.problem_category = options.problem_category;
   request.lines = std::count(text.text.begin(), text.text.end(), '\n');
 
-  Findings findings = source.NulLine() ? Refused(source.WordsOfNul())
-                                       : Check(options, request, text, comma_is_decimal);
-  if (findings.answer.is_valid) {
-    if (const auto words = LoadRefusal(text, choice, comma_is_decimal)) findings = Refused(*words);
+  Findings findings = source.NulLine() ? Refused(source.WordsOfNul()) : Check(options, request);
+  if (findings.first.is_valid) {
+    const auto words = LoadRefusal(text, choice, findings.first, comma_is_decimal);
+    if (words) findings = Refused(*words);
   }
   for (const std::string& warning : TextWarnings(source)) Warn(warning);
-  const CheckReport report{options.file,    request,           choice,
-                           findings.answer, findings.problems, options.all};
+  const CheckReport report{options.file, choice, findings.first, findings.whole, options.all};
   output.Write(options.json ? CheckJson(report) : CheckText(report));
-  return findings.answer.is_valid ? ExitCode::kDone : ExitCode::kRefused;
+  return findings.first.is_valid ? ExitCode::kDone : ExitCode::kRefused;
 }
 
 void AddCheckCommand(CommandSpec& app, Invocation& invocation) {

@@ -16,7 +16,6 @@
 #include "host/preparation/label_list.h"
 #include "host/preparation/load_files.h"
 #include "host/preparation/prepared_load.h"
-#include "host/preparation/problem_list.h"
 #include "host/preparation/record_reader.h"
 #include "host/preparation/run_status.h"
 #include "host/preparation/store_set.h"
@@ -34,31 +33,22 @@ constexpr const char* kNoLabels =
     "the first line was dropped, but not taken for labels: one of them is a number, or two are the "
     "same; the set has no labels (--no-labels keeps the line as a record)";
 
-/// Whether the check was refused for a cell that is no number.
-bool IsAboutAWord(const std::string& message) {
-  return message.find(". Value in row ") != std::string::npos ||
-         message.find("Missing value(s) in row ") != std::string::npos ||
-         message.find("non-numeric values in the first data row") != std::string::npos ||
-         message.find("The response variable has missing values") != std::string::npos;
-}
-
 /// Refuses a file that the data check refuses, in its words. One whose records are its columns is
 /// looked at by the survey alone: the check knows records in lines.
 /// With `takes_words`, a word or a missing value is no reason: what refuses the file comes later.
-void RequireValid(const LoadOptions& options, const DelimitedText& text, bool comma_is_decimal,
-                  bool takes_words) {
+void RequireValid(const LoadOptions& options, const DelimitedText& text, bool takes_words) {
   if (!options.checks || text.is_transposed) return;
   CheckRequest request;
   request.path = text.path;
-  request.text = text.text;
   request.separator = text.separator;
   request.has_labels = options.has_labels;
   request.lines = std::count(text.text.begin(), text.text.end(), '\n');
-  const CheckAnswer answer = CheckFile(request);
-  if (answer.is_valid || (takes_words && IsAboutAWord(answer.message))) return;
-  const ProblemList problems = FindAnsweredProblem(text, request, answer, comma_is_decimal);
+  const DataCheckResult result = CheckFile(request);
+  if (result.is_valid) return;
+  const DataCheckFinding& finding = result.findings.front();
+  if (takes_words && IsAboutFields(finding.code)) return;
   throw Failure(ExitCode::kRefused,
-                PlaceOf(problems.first.front()) + Escaped(OneLine(answer.message)) +
+                PlaceOf(finding) + Escaped(OneLine(finding.message)) +
                     " (tslm5 check --all tells every problem; --no-check loads without the check)");
 }
 
@@ -156,14 +146,14 @@ void RequireSeries(const LoadOptions& options, const FieldTable& table) {
 /// REQUIRES: the file's table is read.
 void LoadPrepared(const LoadOptions& options, const RunStatus& run, FieldFile& file,
                   bool comma_is_decimal, Output& output) {
-  RequireStructure(options, file, comma_is_decimal);
+  RequireStructure(options, file);
   RequireSeries(options, file.table);
   PlaceResponse(file.table, ResponseName(options, run, file.table));
   std::optional<FieldFile> testing;
   if (!options.testing.empty()) {
     testing = ReadTextOf(options, options.testing, comma_is_decimal);
     testing->table = ReadFields(testing->text, comma_is_decimal);
-    RequireStructure(options, *testing, comma_is_decimal);
+    RequireStructure(options, *testing);
     PlaceResponse(testing->table, options.response);
   }
   PreparedLoad load =
@@ -186,14 +176,14 @@ void LoadInto(const LoadOptions& options, const RunStatus& run, FieldFile& file,
   const bool is_testing = options.set->type == data_set_type::kTesting;
   const bool goes_on = run.is_prepared && (is_testing ? run.has_training : run.has_testing);
   if (numbers && !goes_on && !AsksForMore(options) && !MustMoveResponse(options, run, file.text)) {
-    RequireValid(options, file.text, comma_is_decimal, false);
+    RequireValid(options, file.text, false);
     return LoadNumbers(options, run, file, *numbers, output);
   }
   try {
     file.table = ReadFields(file.text, comma_is_decimal);
   } catch (const Failure& failure) {
     if (failure.Code() == ExitCode::kRefused) {
-      RequireValid(options, file.text, comma_is_decimal, true);  // its words come first
+      RequireValid(options, file.text, true);  // its words come first
     }
     throw;
   }

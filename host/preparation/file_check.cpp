@@ -5,91 +5,94 @@
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
 #include "host/program/progress.h"
+#include "host/program/shown_text.h"
 #include "tslm5/component/create_object.h"
-#include "tslm5/contracts/event_handlers.h"
-#include "tslm5/platform/connection_point.h"
+#include "tslm5/platform/object.h"
 
 namespace tslm5::host {
 namespace {
 
-constexpr std::string_view kSetMark = "<DATASET>";
-constexpr std::string_view kNotFound = "File not found.";
-constexpr std::string_view kInvalid = "Invalid file.";
-constexpr std::string_view kNoMemory = "Out of memory";
-constexpr std::int64_t kRowsPerFeedback = 10;
+/// Shows how far a check is and hands Ctrl-C on.
+class CheckFeedback final : public CountedObject<IFeedback> {
+ public:
+  explicit CheckFeedback(Progress& progress) : progress_(progress) {}
 
-std::string WithSetName(std::string text, const std::string& name) {
-  for (std::size_t at = 0; (at = text.find(kSetMark, at)) != std::string::npos;) {
-    text.replace(at, kSetMark.size(), name);
-    at += name.size();
+  std::string_view TypeName() override { return "CheckFeedback"; }
+  bool ReportProgress(std::int32_t pPosition, std::string_view) override {
+    progress_.Step(pPosition);
+    return !Interrupted();
   }
-  return text;
-}
+  bool ContinueFlag() override { return !Interrupted(); }
+  void Finish() override { progress_.End(); }
+  void Start() override {}
+  void SetMaximum(std::int32_t pMaximum) override { progress_.Begin("Checking", pMaximum); }
 
-/// Whether the text has too few lines to be looked at, or begins with an empty one.
-bool HasNoBeginning(std::string_view text, bool has_labels) {
-  const std::size_t end = text.find('\n');
-  const std::string_view first = text.substr(0, end);
-  if (first.empty() || first == "\r") return true;
-  return has_labels && (end == std::string_view::npos || end + 1 == text.size());
-}
+ private:
+  ~CheckFeedback() override = default;
 
-/// Whether the words are those of a failure to read the text, and none about it.
-bool IsTrouble(const std::string& words, const CheckRequest& request) {
-  return words == kNotFound || words == kNoMemory ||
-         words.starts_with(fmt::format("The file \"{}\"", request.path)) ||
-         (words == kInvalid && !HasNoBeginning(request.text, request.has_labels));
-}
+  Progress& progress_;
+};
 
-/// The check has no answer but "not valid": what kept it from looking at the text must not pass for
-/// what it found there.
-void RequireLook(const CheckAnswer& answer, const CheckRequest& request) {
-  if (!IsTrouble(answer.message, request)) return;
-  throw Failure(ExitCode::kTrouble,
-                "the text cannot be checked: the component could not read it, or there is not "
-                "enough memory");
+DataCheckResult Check(const CheckRequest& request, DataCheckOptions options) {
+  options.path = request.path;
+  options.separator = request.separator->code;
+  options.has_labels = request.has_labels;
+  options.problem_category = request.problem_category;
+  Progress progress(Terminal::OfStandardError());
+  progress.Begin("Checking", request.lines);
+  const auto feedback = MakeObject<CheckFeedback>(progress);
+  try {
+    DataCheckResult result =
+        CreateObject<IDataCheck>(class_id::kDataCheck)->Check(options, feedback.get());
+    StopIfInterrupted();
+    return result;
+  } catch (const Error&) {  // what kept the check from looking at the text says nothing of it
+    throw Failure(ExitCode::kTrouble,
+                  "the text cannot be checked: the component could not read it, or there is not "
+                  "enough memory");
+  }
 }
 
 }  // namespace
 
-CheckAnswer CheckFile(const CheckRequest& request) {
-  const Ref<IDataSet> data_set = CreateObject<IDataSet>(class_id::kDataSetLite);
-  data_set->put_DataSetType(data_set_type::kTraining);
-  data_set->put_ProblemCategory(request.problem_category);
-  Progress progress(Terminal::OfStandardError());
-  progress.Begin("Checking", request.lines);
+DataCheckResult CheckFile(const CheckRequest& request) {
+  return Check(request, {});
+}
 
-  CheckAnswer answer;
-  std::int64_t rows_heard = 0;
-  const Ref<EventHandlers> handlers = MakeObject<EventHandlers>();
-  handlers->on_before_data_check = [](IParseEventArgs& arguments) {
-    if (Interrupted()) arguments.put_Cancel(true);
-  };
-  handlers->on_load_feedback = [&progress, &rows_heard](IParseEventArgs& arguments) {
-    progress.At(rows_heard += kRowsPerFeedback);
-    if (Interrupted()) arguments.put_Cancel(true);
-  };
-  handlers->on_after_data_check = [&answer](IParseEventArgs& arguments) {
-    answer.rows = arguments.Rows();
-  };
-  const Ref<IConnectionPoint> source = Query<IConnectionPoint>(data_set);
-  const std::int32_t cookie = source->Advise(handlers.get());
+DataCheckResult CheckWholeFile(const CheckRequest& request, std::int64_t most_kept) {
+  DataCheckOptions options;
+  options.finds_all = true;
+  options.most_kept = most_kept;
+  return Check(request, options);
+}
 
-  std::int32_t separator = request.separator->code;
-  std::string message;
-  answer.is_valid = data_set->IsValidDataSet(request.path, request.has_labels, separator, message);
-  source->Unadvise(cookie);
-  StopIfInterrupted();  // a cancelled check may well have said "valid"
-  if (answer.is_valid) return answer;
+bool IsAboutFields(CheckCode code) {
+  return code == CheckCode::kText || code == CheckCode::kMissingValue ||
+         code == CheckCode::kMissingResponse || code == CheckCode::kFirstFieldNoNumber;
+}
 
-  answer.message = WithSetName(message, data_set->Name());
-  RequireLook(answer, request);
-  std::int32_t column = 0;
-  std::int32_t row = 0;
-  data_set->InvalidPosition(column, row);
-  if (row > 0) answer.row = row;
-  if (column > 0) answer.column = column;
-  return answer;
+std::string PlaceOf(const DataCheckFinding& finding) {
+  std::string text;
+  if (finding.line != 0) text += fmt::format("line {}", finding.line);
+  if (finding.record != 0) text += fmt::format(", record {}", finding.record);
+  if (finding.column != 0) text += fmt::format(", column {}", finding.column);
+  if (finding.label) text += fmt::format(" ({})", Cut(*finding.label));
+  if (finding.record != 0) text += fmt::format(": {}", Quoted(finding.value));
+  if (!text.empty()) text += ": ";
+  return text;
+}
+
+std::string OneLine(const std::string& message) {
+  std::string line;
+  for (const char c : message) {
+    if (c == '\r') continue;
+    if (c != '\n') {
+      line += c;
+    } else if (!line.ends_with(' ')) {
+      line += ' ';
+    }
+  }
+  return line;
 }
 
 }  // namespace tslm5::host

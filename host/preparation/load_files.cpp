@@ -7,7 +7,6 @@
 #include "host/preparation/cell_rule.h"
 #include "host/preparation/file_check.h"
 #include "host/preparation/label_list.h"
-#include "host/preparation/problem_list.h"
 #include "host/program/failure.h"
 #include "host/program/shown_text.h"
 
@@ -19,17 +18,11 @@ constexpr std::string_view kEmptyRows = "The data contains empty rows.";
 constexpr std::string_view kAdvice =
     " (tslm5 check --all tells every problem; --no-check loads without the check)";
 
-bool Holds(const std::string& text, std::string_view words) {
-  return text.find(words) != std::string::npos;
-}
-
 /// Whether the check was refused for what stands in its rows, which the table of fields knows
 /// better: a word may hold blanks.
-bool IsAboutCells(const CheckAnswer& answer) {
-  if (Holds(answer.message, "labels")) return false;  // the row may be that of an earlier check
-  return answer.row || Holds(answer.message, kEmptyRows) ||
-         Holds(answer.message, "The response variable has missing values") ||
-         Holds(answer.message, "non-numeric values in the first data row");
+bool IsAboutRows(CheckCode code) {
+  return IsAboutFields(code) || code == CheckCode::kFieldCount || code == CheckCode::kEmptyLine ||
+         code == CheckCode::kNoRecords;
 }
 
 /// Whether the first records show that the text does not hold numbers alone.
@@ -99,21 +92,19 @@ std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is
   return std::nullopt;
 }
 
-void RequireStructure(const LoadOptions& options, const FieldFile& fields, bool comma_is_decimal) {
+void RequireStructure(const LoadOptions& options, const FieldFile& fields) {
   if (!options.checks || fields.text.is_transposed) return;
   CheckRequest request;
   request.path = fields.text.path;
-  request.text = fields.text.text;
   request.separator = fields.text.separator;
   request.has_labels = options.has_labels;
   request.lines = fields.table.lines;
-  const CheckAnswer answer = CheckFile(request);
-  if (answer.is_valid) return;
-  if (!IsAboutCells(answer)) {
-    const ProblemList problems =
-        FindAnsweredProblem(fields.text, request, answer, comma_is_decimal);
-    throw Failure(ExitCode::kRefused, fmt::format("{}{}{}", PlaceOf(problems.first.front()),
-                                                  Escaped(OneLine(answer.message)), kAdvice));
+  const DataCheckResult result = CheckFile(request);
+  if (result.is_valid) return;
+  const DataCheckFinding& finding = result.findings.front();
+  if (!IsAboutRows(finding.code)) {
+    throw Failure(ExitCode::kRefused, fmt::format("{}{}{}", PlaceOf(finding),
+                                                  Escaped(OneLine(finding.message)), kAdvice));
   }
   if (!fields.table.first_gap) return;
   throw Failure(ExitCode::kRefused, fmt::format("line {}: Invalid Training. {}{}",

@@ -23,7 +23,7 @@ std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is
 
 /// Refuses a file for what is wrong with its structure in the eyes of the data check: words and
 /// missing values are none of it.
-void RequireStructure(const LoadOptions& options, const FieldFile& fields, bool comma_is_decimal);
+void RequireStructure(const LoadOptions& options, const FieldFile& fields);
 
 /// Moves the response to the end: the column called `name`, a label or d0, d1, ...; "" leaves the
 /// columns as they are. Raises `Failure`, wrong usage, for a name that is none.

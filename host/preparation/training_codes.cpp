@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "host/preparation/problem_list.h"
+#include "host/preparation/file_check.h"
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
 #include "host/program/shown_text.h"
