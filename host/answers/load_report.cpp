@@ -44,12 +44,13 @@ std::string SetsText(const LoadReport& report) {
   return text;
 }
 
-/// "3 cells hold ...; the first: line 4, column 2 (mpg): "NA""; nothing when there are none.
+/// "3 text cells, encoded; the first: line 4, column 2 (mpg): "NA""; nothing when there are none.
+/// `noun` is in the singular.
 std::string Cells(const LoadReport& report, std::string_view title, const CellKind& kind,
-                  std::string_view what) {
+                  std::string_view noun, std::string_view what) {
   if (!kind.first) return {};
-  return fmt::format("{:<10} {} {}; the first: {}\n", title, Count(kind.count, "cell", "cells"),
-                     what, Place(report, *kind.first));
+  return fmt::format("{:<10} {} {}{}{}; the first: {}\n", title, kind.count, noun,
+                     kind.count == 1 ? "" : "s", what, Place(report, *kind.first));
 }
 
 nlohmann::ordered_json CellJson(const LoadReport& report, const CellKind& kind) {
@@ -77,9 +78,9 @@ std::string LoadText(const LoadReport& report) {
                       Count(survey.empty_lines, "empty line", "empty lines"));
   text += fmt::format("records    {} stored{}\n", stored.rows, SetsText(report));
   text += fmt::format("columns    {}: {}\n", stored.columns, LabelList(stored.labels));
-  text += Cells(report, "missing", survey.missing, "without a value, kept as missing");
-  text += Cells(report, "words", survey.text, "with a word, coded");
-  text += Cells(report, "changed", survey.changed, "lost a tab or a semicolon");
+  text += Cells(report, "missing", survey.missing, "cell", " without a value, kept as missing");
+  text += Cells(report, "text", survey.text, "text cell", ", encoded");
+  text += Cells(report, "changed", survey.changed, "cell", " lost a tab or a semicolon");
   if (report.prepared != nullptr) text += PreparationText(*report.prepared);
   return text;
 }

@@ -15,9 +15,8 @@ constexpr std::int32_t kRowsOfATable = 20;
 /// The row past the last one to show.
 std::int32_t EndRow(const RecordOptions& options, const std::string& set_name, std::int32_t rows) {
   if (options.rows.is_given && options.rows.first > rows) {
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("--rows: the first row asked for is {}, but the {} set has {} rows",
-                              options.rows.first, set_name, rows));
+    Misuse(fmt::format("--rows: the first row asked for is {}, but the {} set has {} rows",
+                       options.rows.first, set_name, rows));
   }
   if (options.rows.is_given) return std::min(options.rows.last.value_or(rows), rows);
   const bool is_table = options.format == RecordOptions::Format::kTable;

@@ -10,9 +10,8 @@
 namespace tslm5::host {
 namespace {
 
-[[noreturn]] void Refuse(std::string_view text, std::string_view why) {
-  throw Failure(
-      ExitCode::kUsage,
+[[noreturn]] void RefuseRange(std::string_view text, std::string_view why) {
+  Misuse(
       fmt::format("--rows: {} {}; expected A:B, A:, :B or A, counted from 1", Quoted(text), why));
 }
 
@@ -20,9 +19,9 @@ std::int32_t ParseRow(std::string_view part, std::string_view whole) {
   std::int32_t row = 0;
   const auto [end, code] = std::from_chars(part.data(), part.data() + part.size(), row);
   if (code != std::errc{} || end != part.data() + part.size()) {
-    Refuse(whole, "is no range of rows");
+    RefuseRange(whole, "is no range of rows");
   }
-  if (row < 1) Refuse(whole, "begins before the first row");
+  if (row < 1) RefuseRange(whole, "begins before the first row");
   return row;
 }
 
@@ -39,10 +38,10 @@ RowRange ParseRowRange(std::string_view text) {
     return range;
   }
   const std::string_view last = text.substr(colon + 1);
-  if (first.empty() && last.empty()) Refuse(text, "is no range of rows");
+  if (first.empty() && last.empty()) RefuseRange(text, "is no range of rows");
   if (!first.empty()) range.first = ParseRow(first, text);
   if (!last.empty()) range.last = ParseRow(last, text);
-  if (range.last && *range.last < range.first) Refuse(text, "ends before it begins");
+  if (range.last && *range.last < range.first) RefuseRange(text, "ends before it begins");
   return range;
 }
 

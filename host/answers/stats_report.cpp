@@ -21,8 +21,7 @@ std::string LabelOf(const StatsReport& report, std::int32_t column) {
 
 std::string ColumnTable(const StatsReport& report) {
   constexpr std::size_t kFigures = 5;
-  std::vector<TableLine> lines = {
-      {"column", "centroid", "medoid", "minimum", "maximum", "deviation"}};
+  std::vector<TableLine> lines = {{"column", "mean", "median", "minimum", "maximum", "deviation"}};
   for (std::size_t i = 0; i < report.columns.size(); ++i) {
     const RunFigures& column = report.columns[i];
     TableLine line = {Cut(LabelOf(report, column.column)), FigureText(column.centroid),
@@ -36,7 +35,7 @@ std::string ColumnTable(const StatsReport& report) {
 
 std::string ClassTable(const StatsReport& report, const RunClassFigures& one) {
   constexpr std::size_t kFigures = 4;
-  std::vector<TableLine> lines = {{"column", "centroid", "medoid", "minimum", "maximum"}};
+  std::vector<TableLine> lines = {{"column", "mean", "median", "minimum", "maximum"}};
   for (const RunFigures& column : one.columns) {
     lines.push_back({Cut(LabelOf(report, column.column)), FigureText(column.centroid),
                      FigureText(column.medoid), FigureText(column.minimum),

@@ -25,11 +25,12 @@ namespace {
 constexpr const char* kCategoriesExamples =
     "Examples:\n"
     "  tslm5 categories flowers.db\n"
-    "  tslm5 categories flowers.db color --set red=5 --set 'dark blue=7'\n"
+    "  tslm5 categories flowers.db color --assign red=5 --assign 'dark blue=7'\n"
     "  tslm5 categories flowers.db species --merge versicolor,virginica=0 --encode\n"
     "\n"
     "VALUE ends at the last =. --merge splits at every comma; a value that holds one is given by\n"
-    "--set, and equal numbers merge. Numbers have a point. --check and --encode ask whether the\n"
+    "--assign, and equal numbers merge. Numbers have a point. --check and --encode ask whether "
+    "the\n"
     "response, after the changes, can be a binary one; a refusal leaves the run as it was. The\n"
     "whole command is done or, on a failure, nothing of it.\n";
 
@@ -54,10 +55,9 @@ CodedColumn RequireCategories(const Scene& scene, std::int32_t index) {
   std::vector<std::string> labels;
   for (const CodedColumn& one : ReadCodedColumns(scene.session, scene.data_set))
     labels.push_back(one.label);
-  throw Failure(
-      ExitCode::kUsage,
-      fmt::format("{} has no categories; the columns that have some: {}",
-                  ColumnTitle(index, column.label), labels.empty() ? "none" : LabelList(labels)));
+  Misuse(fmt::format("{} has no categories; the columns that have some: {}",
+                     ColumnTitle(index, column.label),
+                     labels.empty() ? "none" : LabelList(labels)));
 }
 
 ResponseCheck CheckResponse(const Scene& scene) {
@@ -92,7 +92,7 @@ void Note(const Scene& scene, const CategoriesOptions& options) {
     parameters["column"] = scene.labels[static_cast<std::size_t>(*scene.column)];
   }
   for (const CodeChange& change : options.codes) {
-    entry.words.push_back(fmt::format("--set={}={}", change.value, NumberText(change.code)));
+    entry.words.push_back(fmt::format("--assign={}={}", change.value, NumberText(change.code)));
     parameters["codes"][change.value] = change.code;
   }
   if (options.checks) entry.words.emplace_back("--check");
@@ -121,7 +121,7 @@ void Change(const Scene& scene, const CategoriesOptions& options) {
   const std::int32_t response = scene.data_set->TerminalCount();
   if (options.checks || options.encodes) {
     const ResponseCheck check = CheckResponse(scene);
-    if (!check.is_fit) throw Failure(ExitCode::kRefused, Escaped(check.message));
+    if (!check.is_fit) Refuse(Escaped(check.message));
   }
   StopIfInterrupted();
   if (options.encodes) {
@@ -164,7 +164,8 @@ void AddCategoriesCommand(CommandSpec& app, Invocation& invocation) {
   struct Words {
     CategoriesOptions options;
     std::string column;
-    std::vector<std::string> sets;
+    std::vector<std::string> assigned;
+    std::vector<std::string> formerly_assigned;
     std::vector<std::string> merges;
     std::string positive_class;
     bool no_statistics = false;
@@ -174,7 +175,10 @@ void AddCategoriesCommand(CommandSpec& app, Invocation& invocation) {
   AddRun(command, words->options.run);
   const OptionSpec column =
       command.AddOption("COLUMN", words->column, "a label, or d0, d1, ... (default: all)");
-  command.AddOption("--set", words->sets, "give a category a code").ValueName("VALUE=NUMBER");
+  command.AddOption("--assign", words->assigned, "give a category a code")
+      .ValueName("VALUE=NUMBER");
+  // The option's former name, which the histories of older runs hold.
+  command.AddOption("--set", words->formerly_assigned, "give a category a code").Hidden();
   command.AddOption("--merge", words->merges, "give several categories one code")
       .ValueName("VALUE,VALUE=NUMBER");
   command.AddFlag("--check", words->options.checks, "ask whether the response can be a binary one");
@@ -194,14 +198,16 @@ void AddCategoriesCommand(CommandSpec& app, Invocation& invocation) {
     options.statistics = !words->no_statistics;
     if (column.IsGiven()) options.column = words->column;
     if (positive.IsGiven()) options.positive_class = words->positive_class;
-    for (const std::string& word : words->sets) {
-      AddCodeChange(ParseCodeChange(word), options.codes);
+    for (const auto* assigned : {&words->assigned, &words->formerly_assigned}) {
+      for (const std::string& word : *assigned) {
+        AddCodeChange(ParseCodeChange(word), options.codes);
+      }
     }
     for (const std::string& word : words->merges) {
       for (CodeChange& change : ParseMerge(word)) AddCodeChange(change, options.codes);
     }
     if (!options.column && !options.codes.empty()) {
-      throw Failure(ExitCode::kUsage, "--set and --merge need COLUMN, the column of the values");
+      Misuse("--assign and --merge need COLUMN, the column of the values");
     }
     return options;
   };

@@ -21,6 +21,7 @@
 #include "host/commands/reset_command.h"
 #include "host/commands/show_command.h"
 #include "host/commands/stats_command.h"
+#include "host/program/failure.h"
 #include "host/program/shown_text.h"
 
 namespace tslm5::host {
@@ -68,9 +69,8 @@ void RequireKnownCommand(CLI::App& app, int argc, const char* const* argv) {
   std::vector<std::string> names;
   for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
   if (std::find(names.begin(), names.end(), argv[1]) != names.end()) return;
-  throw Failure(ExitCode::kUsage,
-                fmt::format("there is no command {}; the commands are {} (see tslm5 --help)",
-                            Quoted(argv[1]), fmt::join(names, ", ")));
+  Misuse(fmt::format("there is no command {}; the commands are {} (see tslm5 --help)",
+                     Quoted(argv[1]), fmt::join(names, ", ")));
 }
 
 Invocation Telling(const std::string& text) {
@@ -118,8 +118,7 @@ Invocation ParseCommandLine(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     const auto chosen = app.get_subcommands();
     const std::string command = chosen.empty() ? "" : chosen.front()->get_name() + " ";
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("{} (see tslm5 {}--help)", Escaped(error.what()), command));
+    Misuse(fmt::format("{} (see tslm5 {}--help)", Escaped(error.what()), command));
   }
   return invocation;
 }

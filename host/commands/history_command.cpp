@@ -68,7 +68,7 @@ void RunHistory(const HistoryOptions& options, Output& output) {
 }
 
 void AddHistoryCommand(CommandSpec& app, Invocation& invocation) {
-  CommandSpec history = app.AddCommand("history", "Tell what was done to a run, step by step");
+  CommandSpec history = app.AddCommand("history", "List what was done to a run, step by step");
   const auto words = std::make_shared<HistoryOptions>();
   AddRun(history, words->run);
   AddJson(history, words->json);

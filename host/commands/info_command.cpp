@@ -91,7 +91,7 @@ void RunInfo(const InfoOptions& options, Output& output) {
 }
 
 void AddInfoCommand(CommandSpec& app, Invocation& invocation) {
-  CommandSpec info = app.AddCommand("info", "Tell what a run holds");
+  CommandSpec info = app.AddCommand("info", "Describe a run");
   const auto words = std::make_shared<InfoOptions>();
   AddRun(info, words->run);
   AddJson(info, words->json);

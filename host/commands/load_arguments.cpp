@@ -9,6 +9,7 @@
 #include "host/commands/load_command.h"
 #include "host/preparation/lines.h"
 #include "host/program/common_options.h"
+#include "host/program/failure.h"
 #include "host/program/shown_text.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/number_text.h"
@@ -49,14 +50,10 @@ struct Words {
   bool json = false;
 };
 
-[[noreturn]] void Misuse(const std::string& words) {
-  throw Failure(ExitCode::kUsage, words);
-}
-
 double ParseShare(const std::string& word) {
   double share = 0.0;
   if (!ParseNumber(word, '.', share) || !(share > 0.0) || !(share < 1.0)) {
-    Misuse(fmt::format("--testing-share: {} is no share; expected a number between 0 and 1",
+    Misuse(fmt::format("--testing-share: invalid share {}; expected a number between 0 and 1",
                        Quoted(word)));
   }
   return share;
@@ -66,7 +63,7 @@ std::uint32_t ParseSeed(const std::string& word) {
   std::int32_t seed = 0;
   const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), seed);
   if (code != std::errc{} || end != word.data() + word.size() || seed < 0) {
-    Misuse(fmt::format("--seed: {} is no seed; expected a whole number from 0 to 2147483647",
+    Misuse(fmt::format("--seed: invalid seed {}; expected a whole number from 0 to 2147483647",
                        Quoted(word)));
   }
   return static_cast<std::uint32_t>(seed);
@@ -146,7 +143,7 @@ LoadOptions MakeOptions(const Words& words) {
   if (words.layout == "columns") options.layout = layout_code::kRecordsInColumns;
   if (options.layout == layout_code::kRecordsInColumns && options.separator != nullptr &&
       options.separator->code == separator_code::kNone) {
-    throw Failure(ExitCode::kUsage, "--layout columns needs a separator between the records");
+    Misuse("--layout columns needs a separator between the records");
   }
   return options;
 }
@@ -163,8 +160,7 @@ void AddPreparation(CommandSpec& load, Words& words) {
   load.AddOption("--testing-share", words.testing_share,
                  "draw this share of the records for the testing set, 0.3 say")
       .ValueName("SHARE");
-  load.AddOption("--seed", words.seed, "what the records are drawn with (default 1)")
-      .ValueName("N");
+  load.AddOption("--seed", words.seed, "random seed of --testing-share (default 1)").ValueName("N");
   load.AddOption("--normalize", words.normalize,
                  "none, zscore, minmax or range:A:B, by the training set's figures")
       .ValueName("SCALE");

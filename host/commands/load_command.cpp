@@ -47,9 +47,8 @@ void RequireValid(const LoadOptions& options, const DelimitedText& text, bool ta
   if (result.is_valid) return;
   const DataCheckFinding& finding = result.findings.front();
   if (takes_words && IsAboutFields(finding.code)) return;
-  throw Failure(ExitCode::kRefused,
-                PlaceOf(finding) + Escaped(OneLine(finding.message)) +
-                    " (tslm5 check --all tells every problem; --no-check loads without the check)");
+  Refuse(PlaceOf(finding) + Escaped(OneLine(finding.message)) +
+         " (tslm5 check --all tells every problem; --no-check loads without the check)");
 }
 
 void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
@@ -138,9 +137,8 @@ void RequireSeries(const LoadOptions& options, const FieldTable& table) {
   for (std::size_t column = 0; column < table.columns; ++column) {
     labels.push_back(table.LabelOf(column));
   }
-  throw Failure(ExitCode::kRefused,
-                fmt::format("a time series is one column, but the file has {}: {}", table.columns,
-                            LabelList(labels)));
+  Refuse(fmt::format("a time series is one column, but the file has {}: {}", table.columns,
+                     LabelList(labels)));
 }
 
 /// REQUIRES: the file's table is read.

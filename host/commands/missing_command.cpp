@@ -65,8 +65,7 @@ std::vector<ReplacementChoice> ParseChoices(const MissingOptions& options,
       return one.token == choice.token;
     });
     if (is_twice) {
-      throw Failure(ExitCode::kUsage,
-                    fmt::format("--replace: the token {} is replaced twice", Quoted(choice.token)));
+      Misuse(fmt::format("--replace: the token {} is replaced twice", Quoted(choice.token)));
     }
     choices.push_back(std::move(choice));
   }
@@ -88,8 +87,7 @@ void Apply(const RunSession& session, const Ref<IDataSet>& data_set,
   }
   std::erase_if(columns, [](const GapColumn& one) { return !HasChoice(one); });
   if (columns.empty()) {
-    throw Failure(ExitCode::kRefused,
-                  "no replacement is chosen yet (--replace TOKEN=... chooses one)");
+    Refuse("no replacement is chosen yet (--replace TOKEN=... chooses one)");
   }
   for (const GapColumn& one : columns) FillGaps(session, data_set, one);
 }
@@ -192,7 +190,7 @@ void AddMissingCommand(CommandSpec& app, Invocation& invocation) {
     options.statistics = !words->no_statistics;
     if (column.IsGiven()) options.column = words->column;
     if (!options.column && !options.replacements.empty()) {
-      throw Failure(ExitCode::kUsage, "--replace needs COLUMN, the column of the token");
+      Misuse("--replace needs COLUMN, the column of the token");
     }
     return options;
   };

@@ -117,9 +117,9 @@ void AddOriginalCommand(CommandSpec& app, Invocation& invocation) {
     }
     options.records = words->records.Read();
     if (options.binarise && options.set_type == data_set_type::kUnknown) {
-      throw Failure(ExitCode::kUsage,
-                    "--binarise: all records together have no classes; --set training, testing or "
-                    "both has them");
+      Misuse(
+          "--binarise: all records together have no classes; --set training, testing or "
+          "both has them");
     }
     return options;
   };

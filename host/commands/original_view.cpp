@@ -22,7 +22,7 @@ bool HasClassedResponse(std::int32_t problem) {
 }
 
 [[noreturn]] void RefuseClasses(const std::string& why) {
-  throw Failure(ExitCode::kUsage, "--binarise: " + why);
+  Misuse("--binarise: " + why);
 }
 
 }  // namespace

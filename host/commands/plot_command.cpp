@@ -75,7 +75,7 @@ void RunPlot(const PlotOptions& options, Output& output) {
   size.height = options.height;
   const std::string chart = BrailleChart(values, size);
   if (chart.empty()) {
-    throw Failure(ExitCode::kRefused, fmt::format("the column {} holds no number", label));
+    Refuse(fmt::format("the column {} holds no number", label));
   }
   if (options.picture.empty()) return output.Write(title + '\n' + chart);
   WriteWhole(options.picture, SeriesPicture(title, values));

@@ -50,8 +50,7 @@ void RunReport(const ReportOptions& options, Output& output) {
 }
 
 void AddReportCommand(CommandSpec& app, Invocation& invocation) {
-  CommandSpec report =
-      app.AddCommand("report", "Write a page that tells of a run, to look at and to print");
+  CommandSpec report = app.AddCommand("report", "Write an HTML report of a run");
   const auto words = std::make_shared<ReportOptions>();
   AddRun(report, words->run);
   report.AddOption("-o,--output", words->page, "the page to write").Required().ValueName("FILE");

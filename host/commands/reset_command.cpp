@@ -11,6 +11,7 @@
 #include "host/preparation/series_labels.h"
 #include "host/preparation/statistics_feedback.h"
 #include "host/program/common_options.h"
+#include "host/program/failure.h"
 #include "host/program/interruption.h"
 #include "host/program/json_text.h"
 #include "host/program/progress.h"
@@ -29,8 +30,8 @@ constexpr const char* kResetExamples =
     "  tslm5 undo air.db\n"
     "  tslm5 keep air.db\n"
     "\n"
-    "reset makes the testing records the training set; undo brings the training set of before the\n"
-    "last reset back, and keep makes the reset final.\n";
+    "reset makes the testing records the training set; undo restores the former training set, and\n"
+    "keep makes the reset final.\n";
 
 struct ResetRun {
   std::int32_t rows = 0;
@@ -41,10 +42,6 @@ struct ResetRun {
 
 const char* NameOf(Step step) {
   return step == Step::kReset ? "reset" : step == Step::kUndo ? "undo" : "keep";
-}
-
-[[noreturn]] void Refuse(const std::string& words) {
-  throw Failure(ExitCode::kRefused, words);
 }
 
 void Reset(const RunSession& session, const ResetOptions& options,
@@ -66,8 +63,8 @@ void Reset(const RunSession& session, const ResetOptions& options,
 
 void RequireBackup(const ResetRun& done, const ResetOptions& options) {
   if (done.former_backup_rows > 0) return;
-  Refuse(fmt::format("{} keeps no training set of before a reset, so there is nothing to {}",
-                     Escaped(options.run), NameOf(options.step)));
+  Refuse(fmt::format("{}: nothing to {}: no reset is pending", Escaped(options.run),
+                     NameOf(options.step)));
 }
 
 ResetRun ResetInSession(const RunSession& session, const ResetOptions& options) {
@@ -110,16 +107,15 @@ std::string ResetText(const ResetOptions& options, const ResetRun& done) {
     case Step::kReset:
       return fmt::format(
           "{}: the testing set is the training set now: {}\n"
-          "the former training set is kept: {}; tslm5 undo brings it back, tslm5 keep lets it go\n",
+          "the former training set is kept: {}; tslm5 undo restores it, tslm5 keep drops it\n",
           run, Records(done.rows), Records(done.backup_rows));
     case Step::kUndo:
-      return fmt::format("{}: the training set is that of before the reset again: {}\n", run,
-                         Records(done.rows));
+      return fmt::format("{}: training set restored: {}\n", run, Records(done.rows));
     case Step::kKeep:
       break;
   }
-  return fmt::format("{}: the reset is final: the {} of before it {} let go\n", run,
-                     Records(done.former_backup_rows), done.former_backup_rows == 1 ? "is" : "are");
+  return fmt::format("{}: the reset is final: {} of the former training set dropped\n", run,
+                     Records(done.former_backup_rows));
 }
 
 std::string ResetJson(const ResetOptions& options, const ResetRun& done) {
@@ -157,7 +153,7 @@ void AddResetCommand(CommandSpec& app, Invocation& invocation) {
 }
 
 void AddUndoCommand(CommandSpec& app, Invocation& invocation) {
-  AddStep(app, invocation, Step::kUndo, "Bring the training set of before a reset back");
+  AddStep(app, invocation, Step::kUndo, "Restore the training set of before a reset");
 }
 
 void AddKeepCommand(CommandSpec& app, Invocation& invocation) {

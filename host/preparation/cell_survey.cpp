@@ -27,10 +27,6 @@ std::string_view WithoutSpace(std::string_view cell) {
   return cell.substr(first, cell.find_last_not_of(kSpace) - first + 1);
 }
 
-[[noreturn]] void Refuse(const std::string& words) {
-  throw Failure(ExitCode::kRefused, words);
-}
-
 class Surveyor {
  public:
   Surveyor(const DelimitedText& text, bool comma_is_decimal)

@@ -15,16 +15,14 @@ namespace {
 CodeChange Split(std::string_view word, std::string_view option, std::string_view form) {
   const std::size_t equals = word.rfind('=');
   if (equals == std::string_view::npos) {
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("{}: {} has no =; expected {}", option, Quoted(word), form));
+    Misuse(fmt::format("{}: {} has no =; expected {}", option, Quoted(word), form));
   }
   CodeChange change;
   change.value = word.substr(0, equals);
   const std::string_view number = word.substr(equals + 1);
   if (!ParseNumber(number, '.', change.code)) {
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("{}: {} in {} is no number; expected {}, the decimals behind a point",
-                              option, Quoted(number), Quoted(word), form));
+    Misuse(fmt::format("{}: {} in {} is no number; expected {}, the decimals behind a point",
+                       option, Quoted(number), Quoted(word), form));
   }
   change.code += 0.0;  // makes -0 a 0
   return change;
@@ -46,10 +44,10 @@ std::vector<CodeChange> ParseMerge(std::string_view word) {
     if (comma == std::string_view::npos) break;
   }
   if (changes.size() < 2) {
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("--merge: {} names one value; expected VALUE,VALUE=NUMBER (--set "
-                              "gives one value a code)",
-                              Quoted(word)));
+    Misuse(
+        fmt::format("--merge: {} names one value; expected VALUE,VALUE=NUMBER (--set "
+                    "gives one value a code)",
+                    Quoted(word)));
   }
   return changes;
 }
@@ -58,9 +56,8 @@ void AddCodeChange(CodeChange change, std::vector<CodeChange>& changes) {
   for (const CodeChange& former : changes) {
     if (former.value != change.value) continue;
     if (former.code == change.code) return;
-    throw Failure(ExitCode::kUsage,
-                  fmt::format("the value {} is given two codes, {} and {}", Quoted(change.value),
-                              NumberText(former.code), NumberText(change.code)));
+    Misuse(fmt::format("the value {} is given two codes, {} and {}", Quoted(change.value),
+                       NumberText(former.code), NumberText(change.code)));
   }
   changes.push_back(std::move(change));
 }

@@ -22,10 +22,10 @@ std::string Transposed(std::string_view text, const Separator& separator) {
       const std::size_t size = rest.find(separator.character);
       if (lines.Number() == 1) columns.emplace_back();
       if (k == columns.size()) {
-        throw Failure(ExitCode::kRefused,
-                      fmt::format("line {} has more fields than the first line, which has {}; with "
-                                  "the layout columns every line must hold one value a record",
-                                  lines.Number(), width));
+        Refuse(
+            fmt::format("line {} has more fields than the first line, which has {}; with "
+                        "the layout columns every line must hold one value a record",
+                        lines.Number(), width));
       }
       if (lines.Number() > 1) columns[k] += separator.character;
       columns[k] += rest.substr(0, size);

@@ -21,10 +21,6 @@
 namespace tslm5::host {
 namespace {
 
-[[noreturn]] void Refuse(const std::string& words) {
-  throw Failure(ExitCode::kRefused, words);
-}
-
 /// The values from the first testing sample on.
 std::int64_t TestingSpan(const EmbedOptions& options) {
   if (options.testing_samples == 0) return 0;

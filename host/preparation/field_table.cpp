@@ -26,10 +26,6 @@ std::string_view WithoutSpace(std::string_view field) {
   return field.substr(first, field.find_last_not_of(kSpace) - first + 1);
 }
 
-[[noreturn]] void Refuse(const std::string& words) {
-  throw Failure(ExitCode::kRefused, words);
-}
-
 /// The labels, or none where a number or a repeated word says that they are no labels.
 std::vector<std::string> TakeLabels(const std::vector<std::string_view>& words,
                                     bool comma_is_decimal) {

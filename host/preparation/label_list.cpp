@@ -32,8 +32,8 @@ std::int32_t RequireColumn(std::string_view place, std::string_view name,
   if (column) return *column;
   const auto trimmed = FindColumn(Trimmed(name), labels);
   if (trimmed) return *trimmed;
-  throw Failure(ExitCode::kUsage, fmt::format("{}: there is no column {}; the labels are {}", place,
-                                              Quoted(name), LabelList(labels)));
+  Misuse(fmt::format("{}: there is no column {}; the labels are {}", place, Quoted(name),
+                     LabelList(labels)));
 }
 
 std::string LabelList(const std::vector<std::string>& labels) {

@@ -47,9 +47,9 @@ SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view tex
   RequireGuess(choice);
   const bool is_none = choice.separator->code == separator_code::kNone;
   if (is_none && options.layout == layout_code::kRecordsInColumns) {
-    throw Failure(ExitCode::kRefused,
-                  "no separator gives the same number of fields in every line; with the layout "
-                  "columns one is needed (--separator)");
+    Refuse(
+        "no separator gives the same number of fields in every line; with the layout "
+        "columns one is needed (--separator)");
   }
   return choice;
 }
@@ -58,9 +58,9 @@ SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view tex
 
 void RequireGuess(const SeparatorChoice& choice) {
   if (!choice.is_comma_passed_over) return;
-  throw Failure(ExitCode::kRefused,
-                "every line holds commas, but in your locale they are decimal separators; say "
-                "--separator comma, or --separator none for one column");
+  Refuse(
+      "every line holds commas, but in your locale they are decimal separators; say "
+      "--separator comma, or --separator none for one column");
 }
 
 FieldFile ReadTextOf(const LoadOptions& options, const std::string& file, bool comma_is_decimal) {
@@ -103,12 +103,11 @@ void RequireStructure(const LoadOptions& options, const FieldFile& fields) {
   if (result.is_valid) return;
   const DataCheckFinding& finding = result.findings.front();
   if (!IsAboutRows(finding.code)) {
-    throw Failure(ExitCode::kRefused, fmt::format("{}{}{}", PlaceOf(finding),
-                                                  Escaped(OneLine(finding.message)), kAdvice));
+    Refuse(fmt::format("{}{}{}", PlaceOf(finding), Escaped(OneLine(finding.message)), kAdvice));
   }
   if (!fields.table.first_gap) return;
-  throw Failure(ExitCode::kRefused, fmt::format("line {}: Invalid Training. {}{}",
-                                                *fields.table.first_gap, kEmptyRows, kAdvice));
+  Refuse(
+      fmt::format("line {}: Invalid Training. {}{}", *fields.table.first_gap, kEmptyRows, kAdvice));
 }
 
 void PlaceResponse(FieldTable& table, const std::string& name) {
@@ -123,9 +122,8 @@ void PlaceResponse(FieldTable& table, const std::string& name) {
       return MoveToEnd(table, column);
     }
   }
-  throw Failure(ExitCode::kUsage,
-                fmt::format("--response: there is no column {}; the labels are {}", Quoted(name),
-                            LabelList(names)));
+  Misuse(fmt::format("--response: there is no column {}; the labels are {}", Quoted(name),
+                     LabelList(names)));
 }
 
 CellSurvey SurveyFields(const FieldTable& table, const CellRule& rule) {

@@ -22,10 +22,6 @@ using Records = std::vector<std::size_t>;
 constexpr std::size_t kRecordsBetweenLooks = 4096;
 constexpr std::int64_t kFewWordsIn = 10;  // fewer than one word in so many cells is worth a warning
 
-[[noreturn]] void Refuse(const std::string& words) {
-  throw Failure(ExitCode::kRefused, words);
-}
-
 void RequireResponse(const FieldTable& table, const Records& records, const CellRule& rule) {
   const std::size_t response = table.columns - 1;
   for (const std::size_t record : records) {

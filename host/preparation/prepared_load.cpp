@@ -113,8 +113,7 @@ class Store {
     for (std::size_t record = 0; record < table.Records(); ++record) {
       for (std::size_t column = 0; column < table.columns; ++column) {
         if (rule.Classify(table.Field(record, column)) != CellClass::kWord) continue;
-        throw Failure(
-            ExitCode::kRefused,
+        Refuse(
             fmt::format("{}: {} is a word; a testing set with words needs the training "
                         "set in the run first",
                         table.PlaceOf(record, column), Quoted(table.Field(record, column))));
@@ -184,10 +183,10 @@ class Store {
 
   void AddTesting(const FieldTable& table, const CellRule& rule) {
     if (table.columns != load_.preparation.columns.size()) {
-      throw Failure(ExitCode::kRefused,
-                    fmt::format("the testing file has {} columns, but the training file has {}; "
-                                "both must have the same",
-                                table.columns, load_.preparation.columns.size()));
+      Refuse(
+          fmt::format("the testing file has {} columns, but the training file has {}; "
+                      "both must have the same",
+                      table.columns, load_.preparation.columns.size()));
     }
     const Records all = NoSplit(table.Records()).training;
     PreparedRecords records = PrepareTesting(table, all, rule, load_.preparation);
@@ -212,9 +211,9 @@ class Store {
     Keys keys;
     session_.Sets().ReadKeys(data_set_type::kTesting, keys);
     if (keys.size() != table.Records()) {
-      throw Failure(ExitCode::kRefused,
-                    "the run does not keep the original text of every testing record, so they "
-                    "cannot be prepared like the new training set; load it into a new run");
+      Refuse(
+          "the run does not keep the original text of every testing record, so they "
+          "cannot be prepared like the new training set; load it into a new run");
     }
     PreparedRecords records =
         PrepareTesting(table, NoSplit(table.Records()).training, rule, load_.preparation);

@@ -22,9 +22,8 @@ namespace {
 const CodedCategory& RequireCategory(const CodedColumn& column, const std::string& value) {
   if (const CodedCategory* category = column.Find(value)) return *category;
   if (const CodedCategory* category = column.Find(std::string(Trimmed(value)))) return *category;
-  throw Failure(ExitCode::kUsage, fmt::format("{} has no category {}; it has {}",
-                                              ColumnTitle(column.index, column.label),
-                                              Quoted(value), NearestList(value, column.Values())));
+  Misuse(fmt::format("{} has no category {}; it has {}", ColumnTitle(column.index, column.label),
+                     Quoted(value), NearestList(value, column.Values())));
 }
 
 /// The figures of the column's codes, gaps left out. A run that is normalised keeps others of it:
@@ -94,10 +93,10 @@ void NamePositiveClass(const RunSession& session, const Ref<IDataSet>& data_set,
   RefuseApostrophe("the class", positive.value);
   const CodedCategory* other = OtherClass(response, positive);
   if (response.Codes() != 2 || positive.is_merged || other == nullptr) {
-    throw Failure(ExitCode::kRefused,
-                  fmt::format("{} cannot be the positive class: the response must have two codes, "
-                              "one of them for this class alone (--merge gives several one code)",
-                              Quoted(positive.value)));
+    Refuse(
+        fmt::format("{} cannot be the positive class: the response must have two codes, "
+                    "one of them for this class alone (--merge gives several one code)",
+                    Quoted(positive.value)));
   }
   RequireEncoding(session);
   data_set.As<INominalDataSetMetadata>()->SavePositiveClass(positive.value);

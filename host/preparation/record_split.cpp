@@ -34,8 +34,7 @@ RecordSplit NoSplit(std::size_t records) {
 
 RecordSplit DrawSplit(std::size_t records, double share, std::uint32_t seed) {
   if (records < 2) {
-    throw Failure(ExitCode::kRefused,
-                  "--testing-share: one record cannot be split into a training and a testing set");
+    Refuse("--testing-share: one record cannot be split into a training and a testing set");
   }
   const auto wanted = static_cast<std::size_t>(std::llround(static_cast<double>(records) * share));
   const std::size_t testing = std::clamp<std::size_t>(wanted, 1, records - 1);

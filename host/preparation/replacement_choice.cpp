@@ -14,8 +14,8 @@
 namespace tslm5::host {
 namespace {
 
-[[noreturn]] void Refuse(const std::string& words) {
-  throw Failure(ExitCode::kUsage, "--replace: " + words);
+[[noreturn]] void RefuseReplacement(const std::string& words) {
+  Misuse("--replace: " + words);
 }
 
 bool BeginsWith(std::string_view word, std::string_view token) {
@@ -35,8 +35,8 @@ std::string FindToken(std::string_view word, const GapColumn& column, std::strin
   }
   const std::size_t equals = word.rfind('=');
   if (equals == std::string_view::npos) {
-    Refuse(fmt::format("{} has no =; expected TOKEN=mean, median, min, max, NUMBER or none",
-                       Quoted(word)));
+    RefuseReplacement(fmt::format(
+        "{} has no =; expected TOKEN=mean, median, min, max, NUMBER or none", Quoted(word)));
   }
   for (const GapToken& token : column.tokens) {
     if (!token.text.empty() || !BeginsWith(word, kEmptyToken)) continue;
@@ -45,9 +45,9 @@ std::string FindToken(std::string_view word, const GapColumn& column, std::strin
   }
   const std::string_view name = word.substr(0, equals);
   const std::string title = ColumnTitle(column.index, column.label);
-  if (column.tokens.empty()) Refuse(fmt::format("{} has no gaps", title));
-  Refuse(fmt::format("{} has no token {}; it has {}", title, Quoted(name),
-                     NearestList(name, column.Texts())));
+  if (column.tokens.empty()) RefuseReplacement(fmt::format("{} has no gaps", title));
+  RefuseReplacement(fmt::format("{} has no token {}; it has {}", title, Quoted(name),
+                                NearestList(name, column.Texts())));
 }
 
 const ReplacementWord* FindWord(std::string_view value) {
@@ -74,8 +74,9 @@ ReplacementChoice ParseReplacement(std::string_view word, const GapColumn& colum
       return choice;
     }
     if (known != nullptr) {
-      Refuse(fmt::format("{} is categorical and has no {}; give the name of a category or a number",
-                         title, known->name));
+      RefuseReplacement(
+          fmt::format("{} is categorical and has no {}; give the name of a category or a number",
+                      title, known->name));
     }
   } else if (known != nullptr) {
     choice.type = known->type;
@@ -86,10 +87,10 @@ ReplacementChoice ParseReplacement(std::string_view word, const GapColumn& colum
     return choice;
   }
   if (column.is_categorical) {
-    Refuse(fmt::format("{} is no number, and {} has no such category; it has {}", Quoted(value),
-                       title, NearestList(value, categories.Values())));
+    RefuseReplacement(fmt::format("{} is no number, and {} has no such category; it has {}",
+                                  Quoted(value), title, NearestList(value, categories.Values())));
   }
-  Refuse(
+  RefuseReplacement(
       fmt::format("{} cannot replace {}; expected mean, median, min, max, a number (decimals "
                   "behind a point) or none",
                   Quoted(value), choice.token.empty() ? kEmptyToken : Quoted(choice.token)));

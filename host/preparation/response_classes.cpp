@@ -32,11 +32,9 @@ void NoteTwoClasses(Preparation& preparation) {
 void SinglePositiveOut(const FieldTable& table, const std::string& text, Preparation& preparation) {
   CategoryList& classes = preparation.Response().categories;
   if (classes.Find(text) == nullptr) {
-    throw Failure(
-        ExitCode::kRefused,
-        fmt::format("--positive-class: the response {} has no class {}; its classes are {}",
-                    Cut(table.LabelOf(table.columns - 1)), Quoted(text),
-                    LabelList(classes.Texts())));
+    Refuse(fmt::format("--positive-class: the response {} has no class {}; its classes are {}",
+                       Cut(table.LabelOf(table.columns - 1)), Quoted(text),
+                       LabelList(classes.Texts())));
   }
   for (Category& one : classes.All()) one.code = one.text == text ? 1.0 : 0.0;
   preparation.has_positive_class = true;
@@ -59,11 +57,10 @@ void SettleClasses(const FieldTable& table, const std::optional<std::string>& po
   }
   const CategoryList& classes = preparation.Response().categories;
   if (preparation.problem != problem_category::kBinary || classes.Codes() == 2) return;
-  throw Failure(ExitCode::kRefused,
-                fmt::format("a binary problem needs a response of two classes, but {} has {}: {} "
-                            "(--positive-class singles one out)",
-                            Cut(table.LabelOf(table.columns - 1)), classes.Codes(),
-                            LabelList(classes.Texts())));
+  Refuse(fmt::format(
+      "a binary problem needs a response of two classes, but {} has {}: {} "
+      "(--positive-class singles one out)",
+      Cut(table.LabelOf(table.columns - 1)), classes.Codes(), LabelList(classes.Texts())));
 }
 
 }  // namespace tslm5::host

@@ -60,10 +60,10 @@ void RenewStatistics(const RunSession& session, bool compute) {
 
 void RefuseApostrophe(std::string_view what, std::string_view text) {
   if (text.find('\'') == std::string_view::npos) return;
-  throw Failure(ExitCode::kRefused,
-                fmt::format("{} {} holds an apostrophe, which the component does not take in a "
-                            "value; nothing was changed",
-                            what, Quoted(text)));
+  Refuse(
+      fmt::format("{} {} holds an apostrophe, which the component does not take in a "
+                  "value; nothing was changed",
+                  what, Quoted(text)));
 }
 
 }  // namespace tslm5::host

@@ -14,11 +14,11 @@ namespace {
 
 constexpr std::string_view kRangeWord = "range:";
 
-[[noreturn]] void Refuse(std::string_view text) {
-  throw Failure(ExitCode::kUsage,
-                fmt::format("--normalize: {} is no scale; expected none, zscore, minmax or "
-                            "range:A:B with A less than B",
-                            Quoted(text)));
+[[noreturn]] void RefuseScale(std::string_view text) {
+  Misuse(
+      fmt::format("--normalize: invalid scale {}; expected none, zscore, minmax or "
+                  "range:A:B with A less than B",
+                  Quoted(text)));
 }
 
 }  // namespace
@@ -39,10 +39,10 @@ RunScale ParseScale(std::string_view text) {
         !ParseNumber(range.substr(colon + 1), '.', scale.new_maximum) ||
         !(scale.new_minimum < scale.new_maximum) ||
         !std::isfinite(scale.new_maximum - scale.new_minimum)) {
-      Refuse(text);
+      RefuseScale(text);
     }
   } else {
-    Refuse(text);
+    RefuseScale(text);
   }
   return scale;
 }

@@ -15,8 +15,7 @@ void RequireSameColumns(const RunSession& session, const SetName& set, std::size
   const SetName& other = OtherSet(set);
   const std::int32_t other_columns = session.Sets().SetColumns(other.type);
   if (other_columns == 0 || other_columns == static_cast<std::int32_t>(columns)) return;
-  throw Failure(
-      ExitCode::kRefused,
+  Refuse(
       fmt::format("the {} set has {} columns, but the {} set of the run has {}; both must "
                   "have the same",
                   set.name, columns, other.name, other_columns));

@@ -26,7 +26,7 @@ constexpr std::int64_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 }
 
 [[noreturn]] void RaiseSystemTrouble(const std::string& path, const char* what, int code) {
-  if (code == ENOENT) RaiseTrouble(path, "there is no such file");
+  if (code == ENOENT) RaiseTrouble(path, "no such file");
   RaiseTrouble(path, fmt::format("{}: {}", what, std::generic_category().message(code)));
 }
 
@@ -97,9 +97,8 @@ class LineWatch {
       const std::size_t end = piece.find('\n', at);
       length_ += static_cast<std::int64_t>(std::min(end, piece.size()) - at);
       if (length_ > kLongestLine) {
-        throw Failure(ExitCode::kRefused,
-                      fmt::format("line {} is longer than {} bytes: this is no text of records",
-                                  line_, kLongestLine));
+        Refuse(fmt::format("line {} is longer than {} bytes: this is no text of records", line_,
+                           kLongestLine));
       }
       if (end == std::string_view::npos) return;
       at = end + 1;
@@ -192,9 +191,9 @@ void TextSource::FindNul(std::string_view text) {
 }
 
 void TextSource::RequireText() const {
-  if (nul_line_) throw Failure(ExitCode::kRefused, WordsOfNul());
+  if (nul_line_) Refuse(WordsOfNul());
   if (text_.empty()) {
-    throw Failure(ExitCode::kRefused, fmt::format("{}: the file is empty", Escaped(name_)));
+    Refuse(fmt::format("{}: the file is empty", Escaped(name_)));
   }
 }
 

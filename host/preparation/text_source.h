@@ -16,7 +16,7 @@ namespace tslm5::host {
 /// program and the component see the same text: the program as `Text`, the component at `Path`.
 class TextSource {
  public:
-  /// Reads the file at `path`. Raises `Failure`, file trouble, when there is no such file, when it
+  /// Reads the file at `path`. Raises `Failure`, file trouble, when no such file, when it
   /// is no regular file, cannot be read, or changes while it is read. A NUL byte ends the reading:
   /// what holds one is no text.
   explicit TextSource(const std::string& path);

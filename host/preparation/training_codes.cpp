@@ -72,7 +72,7 @@ void Parse(INominalDataSet& set, const FieldTable& table, std::string& text, std
                     problem, nullptr);
   } catch (const Error& error) {
     if (error.Number() < error_number::kInvalidArgument) throw;
-    throw Failure(ExitCode::kRefused, Escaped(WithLabels(OneLine(error.what()), table)));
+    Refuse(Escaped(WithLabels(OneLine(error.what()), table)));
   }
   StopIfInterrupted();
 }

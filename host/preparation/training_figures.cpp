@@ -65,10 +65,10 @@ double TrainingFigure(const RunSession& session, const Ref<IDataSet>& data_set, 
                       std::int32_t type) {
   const std::vector<double> numbers = TrainingNumbers(session, column);
   if (numbers.empty()) {
-    throw Failure(ExitCode::kRefused,
-                  fmt::format("{} has no number in the training set to take the figure of; give a "
-                              "number",
-                              ColumnTitle(column, data_set->GetLabel(column))));
+    Refuse(
+        fmt::format("{} has no number in the training set to take the figure of; give a "
+                    "number",
+                    ColumnTitle(column, data_set->GetLabel(column))));
   }
   std::string_view name;
   for (const ReplacementWord& one : kReplacementWords) {

@@ -30,6 +30,11 @@ OptionSpec& OptionSpec::OneValueEach() {
   return *this;
 }
 
+OptionSpec& OptionSpec::Hidden() {
+  option_->group("");
+  return *this;
+}
+
 OptionSpec& OptionSpec::Excludes(const OptionSpec& other) {
   option_->excludes(other.option_);
   return *this;

@@ -32,6 +32,9 @@ class OptionSpec {
   /// Each use of the option takes one value; the next argument is not one more.
   OptionSpec& OneValueEach();
 
+  /// The option is taken, but help, manual and completions do not show it.
+  OptionSpec& Hidden();
+
   OptionSpec& Excludes(const OptionSpec& other);
   OptionSpec& Needs(const OptionSpec& other);
 

@@ -28,8 +28,7 @@ void AddAnyDataSet(CommandSpec& command, std::string& set, const std::string& pu
 }
 
 void AddSeparator(CommandSpec& command, std::string& separator) {
-  command
-      .AddOption("--separator", separator, "what stands between fields (default auto: found out)")
+  command.AddOption("--separator", separator, "what stands between fields (default: auto-detect)")
       .OneOf({"auto", "none", "space", "tab", "comma", "semicolon", "bar"})
       .ValueName("NAME");
 }
@@ -64,16 +63,15 @@ std::int32_t ParseWhole(const char* option, const std::string& word, std::int32_
   const auto [end, code] = std::from_chars(word.data(), word.data() + word.size(), value);
   const bool is_whole = code == std::errc{} && end == word.data() + word.size();
   if (is_whole && value >= lowest && value <= highest) return value;
-  throw Failure(ExitCode::kUsage, fmt::format("{}: {} is out of range; expected a whole number "
-                                              "from {} to {}",
-                                              option, Quoted(word), lowest, highest));
+  Misuse(
+      fmt::format("{}: {} is out of range; expected a whole number "
+                  "from {} to {}",
+                  option, Quoted(word), lowest, highest));
 }
 
 std::string RunName(const std::string& run) {
   if (!run.empty() && !run.starts_with(':') && !run.starts_with("file:")) return run;
-  throw Failure(
-      ExitCode::kUsage,
-      fmt::format("{} names no file; the path of a run database was expected", Quoted(run)));
+  Misuse(fmt::format("{} names no file; the path of a run database was expected", Quoted(run)));
 }
 
 }  // namespace tslm5::host

@@ -59,6 +59,14 @@ const Meaning* Find(const Meaning (&table)[N], std::int32_t number) {
 
 }  // namespace
 
+void Refuse(const std::string& message) {
+  throw Failure(ExitCode::kRefused, message);
+}
+
+void Misuse(const std::string& message) {
+  throw Failure(ExitCode::kUsage, message);
+}
+
 bool IsEngineError(const Error& error) {
   return error.Source() == kEngineSource;
 }

@@ -28,6 +28,12 @@ class Failure : public std::runtime_error {
   ExitCode code_;
 };
 
+/// Ends a command because the data were refused.
+[[noreturn]] void Refuse(const std::string& message);
+
+/// Ends a command because of wrong usage.
+[[noreturn]] void Misuse(const std::string& message);
+
 /// Whether `error` came from the storage engine, so that its number is SQLite's extended code.
 bool IsEngineError(const Error& error);
 

@@ -83,12 +83,10 @@ void RequireFreePlace(const std::string& path, const std::string& run, std::stri
                       std::string_view kind, bool is_forced) {
   std::error_code error;
   if (std::filesystem::equivalent(path, run, error) && !error) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} is the run itself", Escaped(path)));
+    Misuse(fmt::format("{} is the run itself", Escaped(path)));
   }
   if (MayReplace(path, mark) || is_forced) return;
-  throw Failure(
-      ExitCode::kUsage,
-      fmt::format("{} is there already and is no {}; --force replaces it", Escaped(path), kind));
+  Misuse(fmt::format("{} is there already and is no {}; --force replaces it", Escaped(path), kind));
 }
 
 }  // namespace tslm5::host

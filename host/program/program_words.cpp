@@ -46,7 +46,9 @@ OptionWords WordsOf(const CLI::Option& option) {
 
 std::vector<OptionWords> OptionsOf(const CLI::App& app) {
   std::vector<OptionWords> options;
-  for (const CLI::Option* option : app.get_options()) options.push_back(WordsOf(*option));
+  for (const CLI::Option* option : app.get_options()) {
+    if (!option->get_group().empty()) options.push_back(WordsOf(*option));
+  }
   std::stable_partition(options.begin(), options.end(),
                         [](const OptionWords& words) { return words.is_positional; });
   return options;

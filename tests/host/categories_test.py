@@ -102,7 +102,7 @@ class CategoriesTest(HostCase):
     def test_codes_reach_both_sets(self):
         self.prepare()
         self.assertEqual(self.cells("d0")[0], ("red", 1))
-        text = self.categories("color", "--set", "red=7.5", "a=b=-2", "--set=dark blue=1e2")
+        text = self.categories("color", "--assign", "red=7.5", "a=b=-2", "--assign=dark blue=1e2")
         self.assertIn("dark blue   100        1\n", text)
         self.assertEqual(
             self.cells("d0"),
@@ -119,10 +119,18 @@ class CategoriesTest(HostCase):
     def test_codes_can_be_exchanged_and_put_back(self):
         self.prepare()
         before = self.cells("d0")
-        self.categories("color", "--set", "red=2", "dark blue=1")
+        self.categories("color", "--assign", "red=2", "dark blue=1")
         self.assertEqual([code for _, code in self.cells("d0")], [2, 1, 2, None, 4])
-        self.categories("color", "--set", "red=1", "dark blue=2")
+        self.categories("color", "--assign", "red=1", "dark blue=2")
         self.assertEqual(self.cells("d0"), before)
+
+    def test_the_former_name_of_the_option_is_still_taken(self):
+        """The histories of older runs hold it."""
+        self.prepare()
+        self.categories("color", "--set=red=7")
+        self.assertEqual([code for _, code in self.cells("d0")], [7, 2, 7, None, 4])
+        self.assertIn("--assign=red=7", self.done("history", self.run_path))
+        self.assertNotIn("--set", self.done("categories", "--help"))
 
     def test_merging_marks_what_shares_a_code(self):
         self.prepare()
@@ -133,23 +141,23 @@ class CategoriesTest(HostCase):
 
     def test_a_value_with_a_comma_is_merged_by_set(self):
         self.prepare('c;r\na,b;1\nc;2\n', None, "--separator", "semicolon", "--no-check")
-        self.categories("c", "--set", "a,b=3", "--set", "c=3")
+        self.categories("c", "--assign", "a,b=3", "--assign", "c=3")
         self.assertEqual(self.cells("d0"), [("a,b", 3), ("c", 3)])
 
     def test_the_statistics_follow(self):
         self.prepare()
         maximum = "SELECT DataSetId, Maximum FROM DataSetStatistics WHERE ColumnIndex = 0"
         self.assertEqual(query(self.run_path, maximum), [(1, 4), (2, 5)])
-        self.categories("color", "--set", "red=50")
+        self.categories("color", "--assign", "red=50")
         self.assertEqual(query(self.run_path, maximum), [(1, 50), (2, 50)])
-        self.categories("color", "--set", "red=1", "--no-stats")
+        self.categories("color", "--assign", "red=1", "--no-stats")
         self.assertEqual(query(self.run_path, maximum), [])
         stats = json.loads(self.done("stats", self.run_path, "--json"))
         self.assertEqual(stats["columns"][0]["maximum"], 4.0)
 
     def test_the_figures_of_codes_follow(self):
         self.prepare()
-        self.categories("color", "--set", "red=10")
+        self.categories("color", "--assign", "red=10")
         for table in ("DataSetStatisticsForCode", "DataSetStatisticsForMissing"):
             self.assertEqual(
                 query(self.run_path, f"SELECT Average, Minimum, Maximum FROM {table} "
@@ -159,7 +167,7 @@ class CategoriesTest(HostCase):
 
     def test_refusals(self):
         self.prepare()
-        self.refused(2, "--set and --merge need COLUMN, the column of the values", "--set", "a=1")
+        self.refused(2, "--assign and --merge need COLUMN, the column of the values", "--assign", "a=1")
         self.refused(
             2, 'COLUMN: there is no column "colour"; the labels are color, wind, kind', "colour"
         )
@@ -169,15 +177,15 @@ class CategoriesTest(HostCase):
         self.refused(
             2,
             'color (d0) has no category "rad"; it has "red", "a=b", "grün", "dark blue"',
-            *("color", "--set", "dark blue=9", "rad=1"),
+            *("color", "--assign", "dark blue=9", "rad=1"),
         )
         self.refused(
-            2, 'the value "red" is given two codes, 1 and 2', "color", "--set=red=1", "--set=red=2"
+            2, 'the value "red" is given two codes, 1 and 2', "color", "--assign=red=1", "--assign=red=2"
         )
         self.refused(
             2,
             'the value "red" is given two codes, 1 and 2',
-            *("color", "--set=red=1", "--merge=a=b, red=2"),
+            *("color", "--assign=red=1", "--merge=a=b, red=2"),
         )
 
     def test_an_apostrophe_is_refused_before_anything_is_changed(self):
@@ -186,13 +194,13 @@ class CategoriesTest(HostCase):
             1,
             'the category "O\'Brien" holds an apostrophe, which the component does not take in a '
             "value; nothing was changed",
-            *("c", "--set", "b=9", "--set", "O'Brien=3"),
+            *("c", "--assign", "b=9", "--assign", "O'Brien=3"),
         )
 
     def test_a_replacement_whose_code_is_gone_is_told(self):
         self.prepare()
         self.done("missing", self.run_path, "color", "--replace", "?=red", "--apply")
-        result = self.program("categories", self.run_path, "color", "--set", "red=8")
+        result = self.program("categories", self.run_path, "color", "--assign", "red=8")
         self.assertEqual(result.returncode, 0)
         self.assertEqual(
             result.stderr,
@@ -203,7 +211,7 @@ class CategoriesTest(HostCase):
 
     def test_history_does_it_again(self):
         self.prepare()
-        self.categories("color", "--set", "dark blue=6", "--merge", "red,a=b=3", "--no-stats")
+        self.categories("color", "--assign", "dark blue=6", "--merge", "red,a=b=3", "--no-stats")
         step = json.loads(self.done("history", self.run_path, "--json"))["steps"][-1]
         self.assertEqual(step["command"], "categories")
         self.assertEqual(
@@ -212,7 +220,7 @@ class CategoriesTest(HostCase):
         )
         self.assertEqual(
             step["commandLine"],
-            f"tslm5 categories {self.run_path} color '--set=dark blue=6' --set=red=3 --set=a=b=3 "
+            f"tslm5 categories {self.run_path} color '--assign=dark blue=6' --assign=red=3 --assign=a=b=3 "
             "--no-stats",
         )
 
@@ -221,7 +229,7 @@ class CategoriesTest(HostCase):
         change(self.run_path, "CREATE TRIGGER no BEFORE UPDATE ON TestingSet BEGIN "
                "SELECT RAISE(ABORT, 'no'); END")
         before = dump(self.run_path)
-        result = self.program("categories", self.run_path, "color", "--set", "red=9")
+        result = self.program("categories", self.run_path, "color", "--assign", "red=9")
         self.assertEqual((result.returncode, result.stdout), (1, ""))
         self.assertEqual(dump(self.run_path), before)
 

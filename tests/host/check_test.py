@@ -205,7 +205,7 @@ class CheckTest(HostCase):
         self.assertIn('"\\u{001B}[31m' + "x" * 48, printed)
 
     def test_file_trouble(self):
-        self.failed(3, "none.csv: there is no such file", "check", "none.csv")
+        self.failed(3, "none.csv: no such file", "check", "none.csv")
         self.failed(3, ".: this is a directory; a file was expected", "check", ".")
         self.assertEqual(self.json("", code=1)["message"], "Invalid file.")
 

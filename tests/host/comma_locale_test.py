@@ -53,7 +53,7 @@ class CommaLocaleTest(HostCase):
 
     def test_categories_are_set_alike(self):
         self.load_both()
-        self.same("categories", "colour", "--set", "red=2.5")
+        self.same("categories", "colour", "--assign", "red=2.5")
         self.assert_same_run()
         self.assertIn("2.5", self.same("show", "--rows", "1"))
 

@@ -105,7 +105,7 @@ class FeaturePairs(HostCase):
         self.load(PLAIN)
         before = dump(self.run_path)
         words = "a (d0) has no categories; the columns that have some: none"
-        self.failed(2, words, "categories", self.run_path, "a", "--set", "1=9")
+        self.failed(2, words, "categories", self.run_path, "a", "--assign", "1=9")
         self.assertEqual(dump(self.run_path), before)
 
     def test_plain_x_testing(self):
@@ -153,7 +153,7 @@ class FeaturePairs(HostCase):
 
     def test_words_x_recode(self):
         self.load(WORDS)
-        self.step("categories", "kind", "--set", "red=10")
+        self.step("categories", "kind", "--assign", "red=10")
         self.assertEqual(self.cells("d0"), [10, 2, 10, 3])
         self.load(WORDS)
         self.assertEqual(self.cells("d0"), [1, 2, 1, 3], "a new load codes anew")
@@ -193,7 +193,7 @@ class FeaturePairs(HostCase):
     def test_gaps_x_recode(self):
         self.load(GAPS)
         self.step("missing", "kind", "--replace", "?=blue", "--apply")
-        self.step("categories", "kind", "--set", "red=20")
+        self.step("categories", "kind", "--assign", "red=20")
         self.assertEqual(self.cells("d0"), [20, 3, 3, 4], "the filled gap keeps its number")
 
     def test_gaps_x_testing(self):
@@ -234,10 +234,10 @@ class FeaturePairs(HostCase):
         for scale in ("zscore", "minmax", "range:-1:1"):
             with self.subTest(scale=scale):
                 self.load(GAPS, "--normalize", scale)
-                self.step("categories", "kind", "--set", "red=10", "blue=30", "green=50")
+                self.step("categories", "kind", "--assign", "red=10", "blue=30", "green=50")
                 self.step("missing", "kind", "--replace", "?=blue", "--apply")
                 self.assertEqual(self.cells("d0"), [10, 30, 30, 50], "a code is not normalised")
-                self.step("categories", "kind", "--set", "red=5", "blue=5", "green=5")
+                self.step("categories", "kind", "--assign", "red=5", "blue=5", "green=5")
                 self.step("missing", "kind", "--replace", "?=7", "--apply")
                 self.assertEqual(self.cells("d0"), [5, 7, 5, 5], "codes of no width fill a gap too")
 
@@ -274,23 +274,23 @@ class FeaturePairs(HostCase):
 
     def test_recode_x_testing(self):
         self.load(WORDS)
-        self.step("categories", "kind", "--set", "blue=7")
+        self.step("categories", "kind", "--assign", "blue=7")
         self.load_testing("kind,a,y\nblue,9,1\nred,8,0\n")
         self.assertEqual(self.cells("d0", "TestingSet"), [7, 1], "coded by what the run holds")
-        self.step("categories", "kind", "--set", "red=5")
+        self.step("categories", "kind", "--assign", "red=5")
         self.assertEqual(self.cells("d0", "TestingSet"), [7, 5])
 
     def test_recode_x_classes(self):
         self.load_with_figures("a,y\n1,no\n2,yes\n3,maybe\n")
         self.assertEqual(self.class_figures(), [])
-        self.step("categories", "y", "--set", "maybe=1")
+        self.step("categories", "y", "--assign", "maybe=1")
         self.assertEqual(self.class_figures(), [(0, 1), (1, 2)])
 
     def test_recode_x_reset(self):
         self.load(WORDS)
         self.load_testing("kind,a,y\nblue,9,1\nred,8,0\n")
         self.step("reset")
-        self.step("categories", "kind", "--set", "blue=7")
+        self.step("categories", "kind", "--assign", "blue=7")
         self.assertEqual(self.cells("d0"), [7, 1])
         self.assertEqual(self.cells("d0", "TestingSet"), [7, 1])
         self.step("undo")

@@ -75,7 +75,7 @@ class HotJournalTest(HostCase):
         commands = [
             ("load", more, "--run", run, "--set", "testing"),
             ("load", self.write("new.csv", "a,b\n1,2\n"), "--run", run),
-            ("categories", run, "kind", "--set", "x=7"),
+            ("categories", run, "kind", "--assign", "x=7"),
             ("missing", run, "answer", "--replace", "NA=1", "--apply"),
         ]
         for words in commands:

@@ -34,7 +34,7 @@ class LoadTest(HostCase):
             "columns    3: name, weight, price\n"
             "missing    2 cells without a value, kept as missing; the first: line 3, column 2 "
             '(weight): ""\n'
-            "words      3 cells with a word, coded; the first: line 2, column 1 (name): "
+            "text       3 text cells, encoded; the first: line 2, column 1 (name): "
             '"red"\n'
             "response   price (regression)\n"
             "coded      name: 3 categories\n"

@@ -137,7 +137,7 @@ class NormaliseTest(HostCase):
         for word in ("z", "range", "range:1", "range:2:1", "range:1:1", "range:a:2", "range:1:2:3"):
             self.failed(
                 2,
-                f'--normalize: "{word}" is no scale; expected none, zscore, minmax or range:A:B '
+                f'--normalize: invalid scale "{word}"; expected none, zscore, minmax or range:A:B '
                 "with A less than B",
                 *("load", file, "--run", self.run_path, "--normalize", word),
             )

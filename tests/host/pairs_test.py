@@ -100,7 +100,7 @@ class PairsTest(HostCase):
             ("load", other, "--run", "RUN", "--set", "testing"),
             ("load", plain, "--run", "RUN"),
             ("load", plain, "--run", "RUN", "--set", "testing"),
-            ("categories", "RUN", "colour", "--set", "red=9"),
+            ("categories", "RUN", "colour", "--assign", "red=9"),
             ("categories", "RUN", "colour", "--merge", "red,blue=5"),
             ("missing", "RUN", "size", "--replace", "NA=mean", "--apply"),
             ("missing", "RUN", "size", "--replace", "NA=7"),

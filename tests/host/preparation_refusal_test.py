@@ -203,13 +203,13 @@ class PreparationRefusalTest(HostCase):
     def test_wrong_usage(self):
         for options, message in [
             (("--testing-share", "1"),
-             '--testing-share: "1" is no share; expected a number between 0 and 1'),
+             '--testing-share: invalid share "1"; expected a number between 0 and 1'),
             (("--testing-share", "x"),
-             '--testing-share: "x" is no share; expected a number between 0 and 1'),
+             '--testing-share: invalid share "x"; expected a number between 0 and 1'),
             (("--testing-share", "0.5", "--seed", "-1"),
-             '--seed: "-1" is no seed; expected a whole number from 0 to 2147483647'),
+             '--seed: invalid seed "-1"; expected a whole number from 0 to 2147483647'),
             (("--testing-share", "0.5", "--seed", "2147483648"),
-             '--seed: "2147483648" is no seed; expected a whole number from 0 to 2147483647'),
+             '--seed: invalid seed "2147483648"; expected a whole number from 0 to 2147483647'),
             (("--seed", "1"), "--seed goes with --testing-share"),
             (("--testing-share", "0.5", "--testing", "f"),
              "--testing and --testing-share exclude each other"),
@@ -224,7 +224,7 @@ class PreparationRefusalTest(HostCase):
 
     def test_a_missing_testing_file(self):
         self.refused(
-            f"{self.folder}/absent.csv: there is no such file", TRAINING,
+            f"{self.folder}/absent.csv: no such file", TRAINING,
             *("--testing", self.folder / "absent.csv"), code=3,
         )
 

@@ -29,7 +29,7 @@ class RefusalTest(HostCase):
 
     def test_missing_file_and_directory(self):
         for name, words in [
-            ("none.csv", "there is no such file"),
+            ("none.csv", "no such file"),
             (".", "this is a directory; a file was expected"),
         ]:
             path = self.folder / name if name != "." else self.folder

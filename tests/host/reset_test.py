@@ -27,7 +27,7 @@ class ResetTest(HostCase):
         self.assertEqual(dump(self.run_path), before)
 
     def nothing_to(self, step):
-        words = f"{self.run_path} keeps no training set of before a reset, so there is nothing to {step}"
+        words = f"{self.run_path}: nothing to {step}: no reset is pending"
         self.refused(words, step, self.run_path)
 
     def test_there_and_back(self):
@@ -60,15 +60,15 @@ class ResetTest(HostCase):
         self.assertEqual(
             self.done("reset", run),
             f"{run}: the testing set is the training set now: 2 records\n"
-            "the former training set is kept: 5 records; tslm5 undo brings it back, tslm5 keep lets it go\n",
+            "the former training set is kept: 5 records; tslm5 undo restores it, tslm5 keep drops it\n",
         )
         self.assertEqual(
             self.done("undo", run),
-            f"{run}: the training set is that of before the reset again: 5 records\n",
+            f"{run}: training set restored: 5 records\n",
         )
         self.done("reset", run)
         self.assertEqual(
-            self.done("keep", run), f"{run}: the reset is final: the 5 records of before it are let go\n"
+            self.done("keep", run), f"{run}: the reset is final: 5 records of the former training set dropped\n"
         )
 
     def test_statistics_follow(self):

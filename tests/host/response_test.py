@@ -97,7 +97,7 @@ class ResponseTest(HostCase):
         self.prepare()
         before = self.cells()
         self.categories("kind", "--merge", "yes,no=4", "--encode")
-        text = self.categories("kind", "--set", "yes=0", "no=1")
+        text = self.categories("kind", "--assign", "yes=0", "no=1")
         self.assertIn(
             'encoding: "maybe" is 2, every other class 4; the categories have other codes '
             "(--encode)\n",

@@ -90,22 +90,22 @@ class StatsTest(HostCase):
         self.load_with_statistics(DATA)
         self.assertEqual(
             self.done("stats", self.run_path, "--by-class"),
-            "column  centroid  medoid  minimum  maximum  deviation\n"
+            "column      mean  median  minimum  maximum  deviation\n"
             "a              3       2        1        6    2.64575\n"
             "b             15      15       10       20    7.07107\n"
             "c       0.666667       1        0        1    0.57735\n"
             "\n"
             "class 0: 1 record\n"
-            "column  centroid  medoid  minimum  maximum\n"
-            "a              1       1        1        1\n"
-            "b             10      10       10       10\n"
-            "c              0       0        0        0\n"
+            "column  mean  median  minimum  maximum\n"
+            "a          1       1        1        1\n"
+            "b         10      10       10       10\n"
+            "c          0       0        0        0\n"
             "\n"
             "class 1: 2 records\n"
-            "column  centroid  medoid  minimum  maximum\n"
-            "a              4       4        2        6\n"
-            "b             20      20       20       20\n"
-            "c              1       1        1        1\n",
+            "column  mean  median  minimum  maximum\n"
+            "a          4       4        2        6\n"
+            "b         20      20       20       20\n"
+            "c          1       1        1        1\n",
         )
 
     def test_histograms_at_a_terminal_only(self):

@@ -98,7 +98,7 @@ TEST(TextSource, NamesFileTrouble) {
   const TemporaryFolder folder;
   const Failure absent = FailureIn([&] { TextSource(folder.Path("none")); });
   EXPECT_EQ(absent.Code(), ExitCode::kTrouble);
-  EXPECT_EQ(absent.what(), folder.Path("none") + ": there is no such file");
+  EXPECT_EQ(absent.what(), folder.Path("none") + ": no such file");
   const Failure directory = FailureIn([&] { TextSource(folder.Path("")); });
   EXPECT_EQ(directory.Code(), ExitCode::kTrouble);
   EXPECT_EQ(directory.what(), folder.Path("") + ": this is a directory; a file was expected");

@@ -199,7 +199,7 @@ class TroubleTest(HostCase):
             (["load", self.file, "--run", self.folder / "new.db", "--json"], "the load is stored"),
             (["load", self.write("words.csv", "a,b\nx,1\ny,2\n"), "--run", self.run_path],
              "the load is stored"),
-            (["categories", self.run_path, "a", "--set", "x=5"], "the run is changed"),
+            (["categories", self.run_path, "a", "--assign", "x=5"], "the run is changed"),
             (["report", self.run_path, "-o", page], "the report is written"),
         ]:
             result = self.into_a_full_device(words)

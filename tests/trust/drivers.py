@@ -69,11 +69,11 @@ COMMANDS = [
         (LOAD_SPLIT,),
     ),
     Driver(
-        "categories --set", ("categories", "run.db", "size", "--set", "red=7"), (LOAD_SPLIT,)
+        "categories --assign", ("categories", "run.db", "size", "--assign", "red=7"), (LOAD_SPLIT,)
     ),
     Driver(
         "categories --merge --encode",
-        ("categories", "run.db", "answer", "--set", "yes=1", "--set", "no=0", "--encode"),
+        ("categories", "run.db", "answer", "--assign", "yes=1", "--assign", "no=0", "--encode"),
         (LOAD_WORDS,),
     ),
     Driver("missing --replace", FILL, (LOAD_SPLIT,)),
