@@ -31,13 +31,12 @@ int PlaceByClaim(const std::string& from, const std::string& to) {
   return error;
 }
 
-/// Whether `error` says that the file system does not know a way, and not that the way failed.
+}  // namespace
+
 bool IsUnknownWay(int error) {
   return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP || error == EPERM ||
          error == EMLINK;
 }
-
-}  // namespace
 
 int PlaceBy(PlacingWay way, const std::string& from, const std::string& to) {
   switch (way) {

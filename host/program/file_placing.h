@@ -17,7 +17,10 @@ enum class PlacingWay {
 /// which stays as it is.
 int PlaceBy(PlacingWay way, const std::string& from, const std::string& to);
 
-/// The same, by the first way that the file system knows.
+/// Whether the error of a way says that the file system does not know it, and not that it failed.
+bool IsUnknownWay(int error);
+
+/// Moves by the first way that the file system knows.
 int PlaceFile(const std::string& from, const std::string& to);
 
 /// Writes the names in the folder of `path` to the disk: before that a power loss may undo a

@@ -14,7 +14,7 @@ from pathlib import Path
 
 CAPACITY = 1 << 16  # of switch.h
 MEMORY_BYTES = 8 << 30
-FILE_BYTES = 2 << 30
+FILE_BYTES = 8 << 30
 SECONDS_MORE = 10.0
 TIMES_LONGER = 8.0
 EXCLUDED = ("Frame.", "Package.", "Trust.", "Fuzz.", "Examples.", "Host.documents")

@@ -227,10 +227,9 @@ void DelimitedReader::PassRecord() {
 
 void DelimitedReader::NoteUnclosed(std::size_t quote) {
   const char* const text = window_.Data();
-  const char* const end = text + window_.Size();
   const char* const shown_end = text + std::min(quote + kLongestValue, window_.Size());
-  const char* const line_end = std::find_if(text + quote, shown_end == end ? end : shown_end,
-                                            [](char c) { return c == '\n' || c == '\r'; });
+  const char* const line_end =
+      std::find_if(text + quote, shown_end, [](char c) { return c == '\n' || c == '\r'; });
   const auto line =
       line_ + static_cast<std::int64_t>(CountLineEnds(text + record_begin_, text + quote));
   findings_.Add(FindingCode::kUnclosedQuote, line, static_cast<std::int64_t>(index_.Count()),

@@ -84,6 +84,18 @@ TEST(DelimitedReader, ReadsRecordsAcrossWindowsHoweverTheBytesCome) {
   }
 }
 
+TEST(DelimitedReader, TakesALineEndThatTwoWindowsShareForOne) {
+  std::string text;
+  for (int i = 0; i < 80'000; ++i) text += "1,2\r\n";
+  for (std::size_t shift = 0; shift < 5; ++shift) {  // a window ends at each place of a record
+    const std::string shifted = std::string(shift, '0') + text;
+    DelimitedReader reader(MemorySource(shifted));
+    EXPECT_EQ(ReadRows(reader).size(), 80'000U) << shift;
+    EXPECT_EQ(reader.Counts().lines, 80'000) << shift;
+    EXPECT_EQ(reader.Counts().empty_lines, 0) << shift;
+  }
+}
+
 TEST(DelimitedReader, ReadsARecordThatIsLongerThanAWindow) {
   const std::string word(1'000'000, 'x');
   EXPECT_EQ(ReadRows("a,b\n\"" + word + "\n\",1\n" + word + ",2\n"),
@@ -131,6 +143,13 @@ TEST(DelimitedReader, CountsEmptyLinesAndTheFirstGap) {
   EXPECT_EQ(reader.Counts().lines, 7);
   EXPECT_EQ(reader.Counts().empty_lines, 3) << "behind the header";
   EXPECT_EQ(reader.Counts().first_gap, 5);
+}
+
+TEST(DelimitedReader, KeepsTheFirstOfSeveralGaps) {
+  const std::string text = "a,b\n1,2\n\n3,4\n\n5,6\n";
+  DelimitedReader reader(MemorySource(text));
+  EXPECT_EQ(ReadRows(reader).size(), 3U);
+  EXPECT_EQ(reader.Counts().first_gap, 3);
 }
 
 TEST(DelimitedReader, FindsAFurtherBlockThatContradictsTheDecimalSign) {

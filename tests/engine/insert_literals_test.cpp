@@ -43,6 +43,14 @@ TEST(InsertLiteralsTest, CutsEveryKind) {
   EXPECT_EQ(Cut("'a',NULL,12,1.5,'it''s')", 5), "text:a null int:12 real:1500 quoted:it''s");
 }
 
+TEST(InsertLiteralsTest, FindsNoLiteralBehindTheLastComma) {
+  InsertLiterals literals("12,");
+  InsertLiteral literal;
+  EXPECT_TRUE(literals.Next(literal));
+  EXPECT_FALSE(literals.Next(literal));
+  EXPECT_FALSE(InsertLiterals("").Next(literal));
+}
+
 TEST(InsertLiteralsTest, CutsNumbersInEveryNotation) {
   EXPECT_EQ(Cut("0)", 1), "int:0");
   EXPECT_EQ(Cut("-7)", 1), "int:-7");

@@ -41,6 +41,11 @@ TEST(FieldTable, KnowsTheLinesOfItsRecords) {
   EXPECT_EQ(table.PlaceOf(1, 1), "line 4, column 2 (b)");
 }
 
+TEST(FieldTable, KnowsTheFirstGapBehindManyRecords) {
+  const DelimitedText text = Text("a,b\n1,2\n3,4\n5,6\n\n7,8\n\n9,10\n");
+  EXPECT_EQ(ReadFields(text, false).first_gap, 5);
+}
+
 TEST(FieldTable, HasNoGapBeforeOrBehindItsRecords) {
   const DelimitedText text = Text("a,b\n\n1,2\n3,4\n\n");
   EXPECT_FALSE(ReadFields(text, false).first_gap.has_value());

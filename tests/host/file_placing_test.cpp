@@ -46,6 +46,15 @@ INSTANTIATE_TEST_SUITE_P(Ways, FilePlacing,
                          testing::Values(PlacingWay::kRename, PlacingWay::kLink,
                                          PlacingWay::kClaim));
 
+TEST(PlaceFile, TriesTheNextWayWhereTheFileSystemDoesNotKnowOne) {
+  for (const int error : {EINVAL, ENOSYS, EOPNOTSUPP, EPERM, EMLINK}) {
+    EXPECT_TRUE(IsUnknownWay(error)) << error;
+  }
+  for (const int error : {0, EEXIST, ENOENT, ENOSPC, EIO, EACCES}) {
+    EXPECT_FALSE(IsUnknownWay(error)) << error;
+  }
+}
+
 TEST(SyncFolderOf, KnowsTheFolderOfAPlainName) {
   const TemporaryFolder folder;
   EXPECT_EQ(SyncFolderOf(folder.Path("file")), 0);

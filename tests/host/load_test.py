@@ -206,6 +206,18 @@ class LoadTest(HostCase):
             [("1", "4", 1), ("2", "5", 2), ("3", "6", 3)],
         )
 
+    def test_a_columns_layout_needs_a_separator(self):
+        file = self.write("data.csv", "a\n1\n2\n")
+        self.failed(
+            1,
+            "no separator gives the same number of fields in every line; with the layout columns one is "
+            "needed (--separator)",
+            *("load", file, "--run", self.run_path, "--layout", "columns"),
+        )
+
+    def test_a_quote_at_one_end_is_no_quoted_field(self):
+        self.assertEqual(self.load('size,n\n5",1\n"6,2\n', "--separator", "comma")["warnings"], [])
+
     def test_encodings(self):
         text = "größe,b\n1,2\n"
         for encoding in ("utf-8", "utf-8-sig", "utf-16", "cp1252"):

@@ -141,6 +141,12 @@ class MissingTest(HostCase):
                 self.assertEqual(self.cell("d1", 2), ("?", 7))
                 self.assertIn("?          1     0            7  number\n", text)
 
+    def test_a_code_of_several_categories_is_told_by_the_first(self):
+        self.prepare(training="a,b\nred,1\nblue,2\ngreen,3\nNA,4\n", testing=None)
+        self.done("categories", self.run_path, "a", "--merge", "red,blue=7", "--no-stats")
+        told = self.missing("a", "--replace", "NA=7")
+        self.assertIn("7 (blue and 1 more)", told)
+
     def test_codes_are_not_rounded_by_a_range(self):
         self.prepare("--normalize", "range:0.1:0.7",
                      training="c,r\n" + "".join(f"w{i},{i}\n" for i in range(40)) + "?,1\n",

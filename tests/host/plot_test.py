@@ -113,6 +113,9 @@ class PlotTest(HostCase):
         texts = [one.text for one in root.iter(SVG + "text")]
         self.assertEqual(texts[0], "value: 5 rows, training set")
         self.assertEqual(texts[1:], ["1", "2", "3", "4", "5", "1", "2", "3", "4", "5"])
+        places = [(one.get("x"), one.get("y")) for one in root.iter(SVG + "text")][6:]
+        self.assertEqual(places[0], ("90.00", "382"), "the records' numbers are below the picture")
+        self.assertEqual({y for _, y in places}, {"382"})
         self.assertIn("@media (prefers-color-scheme: dark)", text)
         self.assertNotIn("href", text)
         self.assertEqual([p.name for p in self.folder.glob("picture.svg?*")], [])

@@ -158,6 +158,8 @@ class OtherRunsTest(ReportCase):
         self.done("embed", self.run_path, "--dimension", "2", "--delay", "1")
         section = self.report().root.one("section", id="series")
         self.assertIn("t_0, training set", section.text())
+        title = section.one("svg").children[0].text()
+        self.assertEqual(title, "t_0, training set: line over the records")
         self.load("a,b\n1,2\n3,4\n", "--set", "training")
         self.assertEqual(self.report().root.all("section", id="series"), [])
 
@@ -188,6 +190,20 @@ class OtherRunsTest(ReportCase):
             ["Training set", "Time series training set"],
         )
         self.assertEqual(len(root.one("section", id="series").all("svg")), 1)
+
+    def test_the_highest_bar_is_told(self):
+        self.load("a,b\n1,5\n1,6\n1,7\n2,8\n")
+        captions = self.report().root.all("figcaption")
+        self.assertEqual([one.all("span")[1].text() for one in captions],
+                         ["highest bar 3", "highest bar 1"])
+
+    def test_time_series_sets_are_one_group_behind_another(self):
+        self.load("a,b\n1,5\n2,6\n")
+        for table in ("TimeSeriesTrainingSet", "TimeSeriesTestingSet"):
+            change(self.run_path, f"CREATE TABLE {table} (d0 FLOAT, row INTEGER PRIMARY KEY)")
+            change(self.run_path, f"INSERT INTO {table} VALUES (7.5, 1), (8.5, 2)")
+        groups = [title.text() for title in self.report().root.all("h3", class_="group")]
+        self.assertEqual(len(groups), 2, groups)
 
     def test_a_run_without_sets(self):
         self.load("a,b\n1,5\n")

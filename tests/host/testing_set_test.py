@@ -82,6 +82,12 @@ class TestingSetTest(HostCase):
             [("TestingShare", None, 0.3), ("Seed", 2, None)],
         )
 
+    def test_the_history_notes_the_share(self):
+        self.load(MANY, "--testing-share", "0.25", "--seed", "3")
+        (step,) = json.loads(self.done("history", self.run_path, "--json"))["steps"]
+        self.assertEqual(step["parameters"]["testingShare"], 0.25)
+        self.assertEqual(step["parameters"]["seed"], 3)
+
     def test_the_history_draws_the_same_again(self):
         self.load(MANY, "--testing-share", "0.5")
         step = json.loads(self.done("history", self.run_path, "--json"))["steps"][0]
@@ -116,6 +122,28 @@ class TestingSetTest(HostCase):
         self.assertIn(
             'unseen     colour: "green" in 2 testing records, in no training record, coded 3\n', text
         )
+
+    def test_many_unseen_categories_are_counted(self):
+        testing = self.write("testing.csv", "a,b\n" + "".join(f"new{i},1\n" for i in range(30)))
+        file = self.write("training.csv", "a,b\nold,1\nolder,2\n")
+        result = self.program("load", file, "--run", self.run_path, "--testing", testing)
+        lines = [line for line in result.stdout.splitlines() if "in no training record" in line]
+        (more,) = [line for line in result.stdout.splitlines() if line.strip().startswith("and ")]
+        self.assertEqual(more.strip(), f"and {30 - len(lines)} more")
+
+    def test_other_labels_of_a_later_testing_set_are_told(self):
+        self.load(TRAINING)
+        loaded = self.load_warned("colour,gust,answer\nred,1,no\n", "--set", "testing")
+        self.assertEqual(len(loaded["warnings"]), 1)
+        self.assertIn("gust", loaded["warnings"][0])
+
+    def test_a_load_that_brings_a_testing_set_may_have_other_columns(self):
+        self.load("a,b,c\n1,2,3\n4,5,6\n7,8,9\n", "--testing-share", "0.4")
+        self.load("a,b\n1,2\n4,5\n7,8\n", "--testing-share", "0.4")
+        self.assertEqual(self.show("--set", "testing")["labels"], ["a", "b"])
+        testing = self.write("testing.csv", "a,b,c,d\nx,1,2,3\n")
+        self.load("a,b,c,d\nx,1,2,3\ny,4,5,6\n", "--testing", testing)
+        self.assertEqual(self.show("--set", "testing")["labels"], ["a", "b", "c", "d"])
 
     def test_another_testing_set_forgets_the_categories_of_the_former(self):
         self.load(TRAINING)

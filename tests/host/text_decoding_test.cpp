@@ -40,6 +40,18 @@ TEST(HostTextDecoding, KnowsTheEncodings) {
   for (const Case& one : cases) EXPECT_EQ(DecodeText(one.bytes), one.text) << one.name;
 }
 
+TEST(HostTextDecoding, ReplacesACharacterThatTheEndCutsOff) {
+  EXPECT_EQ(DecodeText("\xFF\xFE"
+                       "a\0b"s),
+            "a\xEF\xBF\xBD");
+}
+
+TEST(HostTextDecoding, LooksAtNoByteBehindTheText) {
+  const std::string_view bytes = "ab\xC3\xA9\xFF";
+  EXPECT_TRUE(IsUtf8(bytes.substr(0, 4)));
+  EXPECT_FALSE(IsUtf8(bytes));
+}
+
 TEST(HostTextDecoding, ConvertsTextsLongerThanOnePiece) {
   const std::string bytes(200001, '\xE9');
   std::string text;

@@ -38,6 +38,19 @@ TEST(ValueSketch, KeepsFigures) {
   EXPECT_EQ(sketch.Maximum(), 6.0);
 }
 
+TEST(ValueSketch, TakesItsExtremesFromTheFirstValueOn) {
+  const ValueSketch falling = SketchOf({-3, -5});
+  EXPECT_EQ(falling.Minimum(), -5.0);
+  EXPECT_EQ(falling.Maximum(), -3.0);
+  const ValueSketch rising = SketchOf({3, 5});
+  EXPECT_EQ(rising.Minimum(), 3.0);
+  EXPECT_EQ(rising.Maximum(), 5.0);
+}
+
+TEST(ValueSketch, HasADeviationOfTwoValues) {
+  EXPECT_DOUBLE_EQ(*SketchOf({1, 3}).Deviation(), std::sqrt(2.0));
+}
+
 TEST(ValueSketch, HasNoFiguresOfNothing) {
   const ValueSketch sketch = SketchOf({kNaN});
   EXPECT_FALSE(sketch.Mean());
@@ -78,6 +91,21 @@ TEST(DisplayBins, HaveABarForEachWholeNumber) {
   EXPECT_TRUE(bins.is_discrete);
   EXPECT_EQ(bins.Edge(0), 1.0);
   EXPECT_EQ(BarsOf(sketch), (std::vector<std::int32_t>{1, 0, 2, 0, 1}));
+}
+
+TEST(DisplayBins, CoverAllSketchesWhicheverBeginsLower) {
+  const ValueSketch high = SketchOf({5, 6});
+  const ValueSketch low = SketchOf({1, 2});
+  for (const auto& sketches : {std::vector{&high, &low}, {&low, &high}}) {
+    const DisplayBins bins = ChooseBins(sketches);
+    EXPECT_EQ(bins.Edge(0), 1.0);
+    EXPECT_EQ(bins.Edge(bins.count - 1), 6.0);
+    for (const ValueSketch* sketch : sketches) {
+      std::int32_t held = 0;
+      for (const ClassCounts& counts : CountsIn(bins, *sketch)) held += counts[0];
+      EXPECT_EQ(held, 2);
+    }
+  }
 }
 
 TEST(DisplayBins, HaveOneBarForAConstant) {
