@@ -78,12 +78,28 @@ inline std::uint64_t ReadDigits(const char* number, unsigned size, unsigned gap,
 
 }  // namespace exact_number_internal
 
+/// A number as it was read, before the one step that makes a double of it.
+struct ExactParts {
+  std::uint64_t mantissa = 0;  ///< at most 2^53; the top bit is the sign
+  std::uint32_t power = 0;     ///< its power of ten + the largest one
+};
+
+/// The value of the parts, correctly rounded.
+inline double Compose(const ExactParts& parts) {
+  using namespace exact_number_internal;
+  constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+  const auto mantissa = static_cast<double>(static_cast<std::int64_t>(parts.mantissa & ~kSign));
+  const double magnitude = mantissa / kDivisors[parts.power] * kFactors[parts.power];
+  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | (parts.mantissa & kSign));
+}
+
 /// `ParseNumber` for the usual number in a long text: up to sixteen characters behind a minus sign
 /// or none, an exponent of up to two digits, a value that one exact step gives. True, and the same
 /// value; false leaves the answer to `ParseNumber`. Hardly a branch depends on the number, so that
 /// mixed ones cost no more than uniform ones.
 /// REQUIRES: [first, first + kExactNumberReads) can be read.
-inline bool ParseExactNumber(const char* first, std::size_t length, char decimal, double& value) {
+inline bool ParseExactParts(const char* first, std::size_t length, char decimal,
+                            ExactParts& parts) {
   using namespace exact_number_internal;
   if constexpr (std::endian::native != std::endian::little) return false;
   const bool is_negative = *first == '-';
@@ -114,10 +130,16 @@ inline bool ParseExactNumber(const char* first, std::size_t length, char decimal
   if (mantissa > number_text_internal::kLargestExactMantissa || power >= kDivisors.size()) {
     return false;
   }
-  const double magnitude =
-      static_cast<double>(static_cast<std::int64_t>(mantissa)) / kDivisors[power] * kFactors[power];
-  value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{is_negative}
-                                                                              << 63);
+  parts = {mantissa | std::uint64_t{is_negative} << 63, power};
+  return true;
+}
+
+/// The same, with the value.
+/// REQUIRES: as above.
+inline bool ParseExactNumber(const char* first, std::size_t length, char decimal, double& value) {
+  ExactParts parts;
+  if (!ParseExactParts(first, length, decimal, parts)) return false;
+  value = Compose(parts);
   return true;
 }
 

@@ -15,15 +15,41 @@ RecordConverter::RecordConverter(std::string_view text, std::string_view separat
     : separator_(separator),
       columns_(columns),
       decimal_(decimal),
-      walker_(text, separator, columns) {}
+      walker_(text, separator, columns),
+      parts_(static_cast<std::size_t>(columns)) {}
 
+/// First the fields are read, then all of them made doubles: the divisions of a record, which take
+/// their time, wait neither for each other nor for the reading.
 std::string_view RecordConverter::Next(double* cells) {
   std::string_view last_field;
-  const auto take = [this, cells](std::int32_t column, const char* first, const char* last) {
-    return ReadNumber(first, last, walker_.TextEnd(), decimal_, cells[column]);
+  others_.clear();
+  delimited::ExactParts* const parts = parts_.data();
+  const char* const text_end = walker_.TextEnd();
+  const char decimal = decimal_;
+  const auto take = [this, parts, text_end, decimal](std::int32_t column, const char* first,
+                                                     const char* last) {
+    if (static_cast<std::size_t>(text_end - first) >= delimited::kExactNumberReads &&
+        delimited::ParseExactParts(first, static_cast<std::size_t>(last - first), decimal,
+                                   parts[column])) {
+      return true;
+    }
+    parts[column] = {};
+    return TakeOther(column, first, last);
   };
   if (!walker_.Next(last_field, take)) RefuseLine();
+  for (std::int32_t column = 0; column < columns_; ++column) {
+    cells[column] = delimited::Compose(parts[column]);
+  }
+  for (const Other& other : others_) cells[other.column] = other.value;
   return last_field;
+}
+
+/// Takes a field that has no exact parts; false for one that is no number.
+bool RecordConverter::TakeOther(std::int32_t column, const char* first, const char* last) {
+  double value = 0.0;
+  if (!ParseNumber({first, static_cast<std::size_t>(last - first)}, decimal_, value)) return false;
+  others_.push_back({column, value});
+  return true;
 }
 
 /// Looks at the line again and says what is wrong with it: its width comes before its fields.

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "inmemory/record_walker.h"
 
@@ -22,12 +23,20 @@ class RecordConverter {
   std::string_view Next(double* cells);
 
  private:
+  struct Other {
+    std::int32_t column;
+    double value;
+  };
+
+  bool TakeOther(std::int32_t column, const char* first, const char* last);
   [[noreturn]] void RefuseLine() const;
 
   std::string_view separator_;
   std::int32_t columns_;
   char decimal_;
   RecordWalker walker_;
+  std::vector<delimited::ExactParts> parts_;  // of the record under way
+  std::vector<Other> others_;                 // its fields that have no such parts
 };
 
 }  // namespace tslm5

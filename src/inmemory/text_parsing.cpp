@@ -36,8 +36,7 @@ std::string_view WithoutEmptyLinesAtEnd(std::string_view text) {
   return text;
 }
 
-std::int32_t CountRows(std::string_view text) {
-  const std::size_t count = TextCleanup::CountLines(text);
+std::int32_t AsRowCount(std::size_t count) {
   if (count > std::size_t{std::numeric_limits<std::int32_t>::max()}) RaiseOverflow();
   return static_cast<std::int32_t>(count);
 }
@@ -126,13 +125,18 @@ void TextParsing::TakeText(std::string& text, std::int32_t separator) {
   if (separator == separator_code::kNone) SharedFunctions::StripSeparators(text);
   Trim(text);
   if (text.empty()) throw Error(error_number::kEmptyText);
-  if (!SharedFunctions::TextContainsSeparator(text, separator)) {
-    throw Error(error_number::kUnknownSeparator);
-  }
-  if (SharedFunctions::HasMixedSeparators(text, separator)) RefuseMixedSeparators();
   separator_ = SharedFunctions::SeparatorToString(separator);
+  survey_ = SurveyOf(text);
+  if (!separator_.empty() && !survey_.has_separator) throw Error(error_number::kUnknownSeparator);
+  if (survey_.has_other_separator && SharedFunctions::HasMixedSeparators(text, separator)) {
+    RefuseMixedSeparators();  // a decimal comma is none
+  }
   state_.separator = separator;
   state_.SetProperty(property_key::kSeparator, separator_);
+}
+
+TextSurvey TextParsing::SurveyOf(std::string_view text) const {
+  return SurveyText(text, separator_.empty() ? '\0' : separator_.front());
 }
 
 void TextParsing::TakeLabels(const std::string& text) {
@@ -152,16 +156,26 @@ void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
     }
     if (layout == layout_code::kResponseFirst) KeepFirstFields(text, separator_);
     text = StringHelpers::RearrangeText(std::move(text), separator_, layout);
+    survey_ = SurveyOf(text);
   }
   if (has_labels) TakeLabels(text);
-  SharedFunctions::MergeRepeats(separator_, text);
-  SharedFunctions::MergeRepeats("\n", text);
-  if (text.starts_with('\n')) text.erase(0, 1);
-  if (has_labels && text.find('\n') != std::string::npos) TextCleanup::DropFirstLine(text);
+  if (survey_.has_separator_runs) SharedFunctions::MergeRepeats(separator_, text);
+  if (survey_.has_feed_runs) SharedFunctions::MergeRepeats("\n", text);
+  std::size_t feeds_gone = 0;
+  if (text.starts_with('\n')) {
+    text.erase(0, 1);
+    ++feeds_gone;
+  }
+  if (has_labels && text.find('\n') != std::string::npos) {
+    TextCleanup::DropFirstLine(text);
+    ++feeds_gone;
+  }
 
   const std::string_view lines = WithoutEmptyLinesAtEnd(text);
   if (lines.empty()) throw Error(error_number::kEmptyText);
-  const std::int32_t rows = CountRows(lines);
+  feeds_gone += text.size() - lines.size();
+  const std::int32_t rows = AsRowCount(survey_.has_feed_runs ? TextCleanup::CountLines(lines)
+                                                             : survey_.feeds - feeds_gone + 1);
   state_.column_count = SharedFunctions::CountColumns(lines, separator_);
   if (!state_.has_labels) state_.MakeDefaultLabels();
 

@@ -9,6 +9,7 @@
 
 #include "inmemory/class_tracker.h"
 #include "inmemory/in_memory_state.h"
+#include "inmemory/text_survey.h"
 #include "tslm5/contracts/event_args.h"
 
 namespace tslm5 {
@@ -66,6 +67,7 @@ class TextParsing {
  private:
   void Run(std::string& text, bool has_labels, std::int32_t layout, IParseEventArgs& arguments);
   void TakeText(std::string& text, std::int32_t separator);
+  TextSurvey SurveyOf(std::string_view text) const;
   void TakeLabels(const std::string& text);
   std::int32_t CountFirstFields(std::string_view text) const;
   bool TakeRecords(std::string_view text, std::int32_t rows, IParseEventArgs& arguments);
@@ -73,6 +75,7 @@ class TextParsing {
 
   InMemoryState& state_;
   std::string_view separator_;
+  TextSurvey survey_;  // of the text before repeats are merged
   Ref<IRecordParsedEventArgs> record_;
   std::shared_ptr<CellArray> cells_;  // being filled; held, as a handler may clear the set
 };

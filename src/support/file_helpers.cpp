@@ -11,6 +11,7 @@
 #include <system_error>
 #include <utility>
 
+#include "support/large_pages.h"
 #include "support/text_decoding.h"
 #include "tslm5/platform/error.h"
 
@@ -129,6 +130,7 @@ std::string ReadToEnd(int descriptor, std::size_t expected_size, std::string_vie
                       LineLengths lines) {
   std::string bytes;
   bytes.reserve(expected_size + expected_size / 8 + kStepBytes);
+  AdviseLargePages(bytes.data(), expected_size + kStepBytes);
   for (;;) {
     const std::size_t used = bytes.size();
     if (bytes.capacity() - used < kStepBytes) bytes.reserve(2 * used);
