@@ -6,9 +6,9 @@
 #include <cmath>
 #include <cstring>
 
+#include "storage/line_numbers.h"
 #include "storage/run_statements.h"
 #include "support/byte_block.h"
-#include "support/null_helper.h"
 #include "support/utf8.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
@@ -19,7 +19,6 @@ namespace {
 constexpr std::string_view kNullText = "NULL";
 constexpr std::string_view kTail = ");";
 constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
-constexpr std::size_t kLongestToken = 4;
 constexpr std::size_t kLongestFinite = 200;  // so many digits and an exponent of 99: below 10^308
 constexpr std::size_t kShownCharacters = 15;
 constexpr std::size_t kTextOfOneBlank = 6;  // "NULL, " for an empty field, "', '" for another
@@ -99,14 +98,6 @@ bool IsTooLarge(std::string_view text) {
   return p != end && SkipDigits(p, end) == end;
 }
 
-bool MayBeMissing(std::string_view field) {
-  if (field.empty()) return true;
-  const char first = field.front();
-  return field.size() <= kLongestToken &&
-         (first == '.' || first == '?' || first == 'N' || first == 'n') &&
-         NullHelper::IsMissingToken(field);
-}
-
 [[noreturn]] void RaiseUnstorable(std::int32_t row, std::int32_t column, const std::string& what) {
   throw Error(error_number::kInvalidData, "ParseArray",
               "Row " + std::to_string(row) + ", column " + std::to_string(column) + " holds " +
@@ -159,7 +150,7 @@ std::string_view RowInsertText::FromLine(std::string_view line, std::int32_t row
     if (!IsSurelyFinite(field, has_exponent) && IsTooLarge(field)) {
       RaiseUnstorable(row, fields_, TooLargeNumber(field));
     }
-    if (MayBeMissing(field)) {
+    if (IsMissingField(field)) {
       out = Copy(start, kNullText);
     } else {
       *out++ = '\'';

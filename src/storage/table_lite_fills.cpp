@@ -7,39 +7,15 @@
 
 #include "storage/restore_guard.h"
 #include "storage/row_insert_text.h"
-#include "storage/run_statements.h"
+#include "storage/row_writer.h"
 #include "storage/table_lite.h"
 #include "storage/transaction.h"
 #include "support/locale.h"
 #include "support/text_split.h"
-#include "tslm5/engine/number_inserter.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
 namespace {
-
-/// Inserts rows of numbers: ready as they are where the engine takes them so, else as text.
-class NumberRows {
- public:
-  NumberRows(IConnection& connection, std::string_view table_name)
-      : connection_(connection),
-        inserter_(Query<INumberInserter>(&connection)),
-        head_(InsertRowHead(table_name)),
-        text_(table_name, false) {}
-
-  void Insert(std::span<const double> numbers, std::int32_t row) {
-    if (inserter_ && inserter_->InsertNumbers(head_, numbers, row)) return;
-    text_.BeginNumbers();
-    for (const double number : numbers) text_.AddNumber(number);
-    connection_.Execute(text_.EndNumbers(row));
-  }
-
- private:
-  IConnection& connection_;
-  Ref<INumberInserter> inserter_;
-  std::string head_;
-  RowInsertText text_;
-};
 
 bool DecimalIsComma() {
   return CurrentLocale().DecimalSymbol() == ',';
@@ -64,14 +40,14 @@ bool TableLite::ParseText(std::string_view text) {
 bool TableLite::FillFromLines(const NextLine& next_line) {
   const Ref<TableLite> alive(this);  // a listener may let go of the table
   const Ref<IConnection> connection = Connection();
-  RowInsertText text(Name(), DecimalIsComma());
+  RowWriter writer(*connection, Name(), DecimalIsComma());
   Transaction transaction(*connection);
   RestoreGuard counter(row_counter_);
   row_counter_ = 1;
   RecordFeedback feedback(sinks_);
   for (std::string_view line; next_line(line);) {
-    connection->Execute(text.FromLine(line, row_counter_));
-    if (row_counter_ == 1) feedback.SetColumns(text.Fields());
+    const std::int32_t fields = writer.InsertLine(line, row_counter_);
+    if (row_counter_ == 1) feedback.SetColumns(fields);
     if (!feedback.Stored(row_counter_ - 1)) return false;
     ++row_counter_;
   }
@@ -84,11 +60,7 @@ bool TableLite::ParseDataSet(IDataSet& pDataSet) {
   const Ref<TableLite> alive(this);  // a listener may let go of the table
   const Ref<IConnection> connection = Connection();
   try {
-    Transaction transaction(*connection);
-    RestoreGuard counter(row_counter_);
     if (!CopyRows(*connection, pDataSet)) return false;
-    transaction.Commit();
-    counter.Keep();
   } catch (const Error& error) {
     if (error.Number() > 0) throw;
     return false;
@@ -97,7 +69,9 @@ bool TableLite::ParseDataSet(IDataSet& pDataSet) {
 }
 
 bool TableLite::CopyRows(IConnection& connection, IDataSet& source) {
-  NumberRows target(connection, Name());
+  RowWriter target(connection, Name(), false);
+  Transaction transaction(connection);
+  RestoreGuard counter(row_counter_);
   const std::int32_t columns = source.Columns();
   const std::int32_t rows = source.Rows();
   RecordFeedback feedback(sinks_);
@@ -107,23 +81,25 @@ bool TableLite::CopyRows(IConnection& connection, IDataSet& source) {
     for (std::int32_t column = 0; column < columns; ++column) {
       numbers[static_cast<std::size_t>(column)] = source.GetItem(column, row);
     }
-    target.Insert(numbers, row_counter_ + 1);
+    target.InsertNumbers(numbers, row_counter_ + 1);
     if (!feedback.Stored(row_counter_)) return false;
     ++row_counter_;
   }
+  transaction.Commit();
+  counter.Keep();
   return true;
 }
 
 void TableLite::ParseNumbers(std::int32_t pRows, std::int32_t pColumns, const FillRow& pFillRow) {
   const Ref<IConnection> connection = Connection();
-  NumberRows target(*connection, Name());
+  RowWriter target(*connection, Name(), false);
   std::vector<double> cells(static_cast<std::size_t>(std::max(pColumns, 0)));
   Transaction transaction(*connection);
   RestoreGuard counter(row_counter_);
   row_counter_ = 1;
   for (std::int32_t row = 0; row < pRows; ++row) {
     pFillRow(row, cells);
-    target.Insert(cells, row_counter_);
+    target.InsertNumbers(cells, row_counter_);
     ++row_counter_;
   }
   transaction.Commit();
@@ -132,13 +108,11 @@ void TableLite::ParseNumbers(std::int32_t pRows, std::int32_t pColumns, const Fi
 
 void TableLite::ParseDoubleArray(std::span<const double> pValues) {
   const Ref<IConnection> connection = Connection();
-  RowInsertText text(Name(), false);
+  RowWriter target(*connection, Name(), false);
   Transaction transaction(*connection);
   RestoreGuard counter(row_counter_);
-  for (const double value : pValues) {
-    text.BeginNumbers();
-    text.AddNumber(value);
-    connection->Execute(text.EndNumbers(row_counter_));
+  for (const double& value : pValues) {
+    target.InsertNumbers({&value, 1}, row_counter_);
     ++row_counter_;
   }
   transaction.Commit();
