@@ -10,6 +10,15 @@ namespace tslm5 {
 
 void RunCatalogState::Open(IUnknown* run) {
   connection_ = ConnectionOf(run);
+  originals_appender_.Reset();
+}
+
+IRecordAppender* RunCatalogState::OriginalsAppender() {
+  if (!originals_appender_) {
+    const Ref<IRecordAppending> appending = Query<IRecordAppending>(&Connection());
+    if (appending) originals_appender_ = appending->OpenAppender("OriginalData");
+  }
+  return originals_appender_.get();
 }
 
 IConnection& RunCatalogState::Connection() const {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tslm5/engine/connection.h"
+#include "tslm5/engine/record_appender.h"
 #include "tslm5/platform/ref.h"
 
 namespace tslm5 {
@@ -29,6 +30,9 @@ class RunCatalogState {
     while (reader->Read()) take(*reader);
     reader->Close();
   }
+  /// The appender to the table of the texts, kept until the next `Open`; null where the engine
+  /// offers none.
+  IRecordAppender* OriginalsAppender();
   /// The columns of a table without its row key, the last column; 0 when there is no such table.
   std::int32_t ColumnsOf(std::string_view table) const;
   /// Adds `distance` to the row keys of a table.
@@ -39,6 +43,7 @@ class RunCatalogState {
 
  private:
   Ref<IConnection> connection_;
+  Ref<IRecordAppender> originals_appender_;
 };
 
 /// A field of a record; nothing for NULL.

@@ -126,15 +126,25 @@ std::int32_t RunOriginalsFacet::MakeRoom(std::int32_t pType, std::int32_t pRecor
 
 void RunOriginalsFacet::Append(std::span<const std::string_view> pTexts, std::int32_t pKey) {
   OnlyErrors([&] {
-    insert_ = "INSERT INTO OriginalData VALUES (";
-    for (const std::string_view text : pTexts) {
-      AppendSqlText(text, insert_);
-      insert_ += ", ";
-    }
-    insert_ += std::to_string(pKey);
-    insert_ += ");";
-    state_.Execute(insert_);
+    IRecordAppender* const appender = state_.OriginalsAppender();
+    if (appender == nullptr) return Insert(pTexts, pKey);
+    cells_.resize(pTexts.size());
+    std::transform(pTexts.begin(), pTexts.end(), cells_.begin(), [](std::string_view text) {
+      return RecordCell{RecordCell::Kind::kText, 0.0, text};
+    });
+    appender->AppendCells(cells_, pKey);
   });
+}
+
+void RunOriginalsFacet::Insert(std::span<const std::string_view> texts, std::int32_t key) {
+  insert_ = "INSERT INTO OriginalData VALUES (";
+  for (const std::string_view text : texts) {
+    AppendSqlText(text, insert_);
+    insert_ += ", ";
+  }
+  insert_ += std::to_string(key);
+  insert_ += ");";
+  state_.Execute(insert_);
 }
 
 Ref<IDataReader> RunOriginalsFacet::OpenTexts(std::int32_t pType,

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "run/run_catalog_state.h"
+#include "tslm5/engine/record_appender.h"
 #include "tslm5/platform/object.h"
 #include "tslm5/run/run_originals.h"
 
@@ -30,8 +31,12 @@ class RunOriginalsFacet final : public Facet<IRunOriginals> {
   void TakeEmbedded() override;
 
  private:
+  /// `Append` where the connection offers no appender.
+  void Insert(std::span<const std::string_view> texts, std::int32_t key);
+
   RunCatalogState& state_;
-  std::string insert_;  // the buffer of `Append`
+  std::vector<RecordCell> cells_;  // the buffers of `Append`
+  std::string insert_;
 };
 
 }  // namespace tslm5

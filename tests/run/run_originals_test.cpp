@@ -40,6 +40,23 @@ TEST_F(RunOriginalsTest, KeepsTextsAsTheyAre) {
   EXPECT_THAT(Rows("OriginalData"), ElementsAre("O'Brien||4"));
 }
 
+TEST_F(RunOriginalsTest, AppendsManyTextsToTheRunThatIsOpen) {
+  const TestRun first;
+  const TestRun second;
+  for (const TestRun* run : {&first, &second}) {
+    Catalog().Open(run->Real().get());  // the engine itself, with all its faces
+    Originals().Create(2);
+    run->Connection()->BeginTrans();
+    for (std::int32_t key = 1; key <= 1000; ++key) {
+      Append({std::to_string(key), run == &first ? "one" : "two"}, key);
+    }
+    run->Connection()->CommitTrans();
+  }
+  const std::string_view sql = "SELECT count(*), min(d1), max(d1) FROM OriginalData WHERE d0 = row";
+  EXPECT_THAT(first.Select(sql), ElementsAre("1000|one|one"));
+  EXPECT_THAT(second.Select(sql), ElementsAre("1000|two|two"));
+}
+
 TEST_F(RunOriginalsTest, FitsTheTableToAnotherWidth) {
   Originals().Create(2);
   Append({"a", "b"}, 1);

@@ -25,6 +25,8 @@ class TestRun {
 
   /// The run object that tables are given.
   const Ref<RecordingRun>& Service() const { return recording_; }
+  /// The run object of the engine, past the recording.
+  const Ref<IConnectionService>& Real() const { return real_; }
   StatementLog& Log() const { return recording_->Log(); }
   Ref<IConnection> Connection() const {
     return Query<IConnection>(real_->GetConnection().ToObject());
