@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "datasetlite/record_widths.h"
+#include "delimited/plain_records.h"
 #include "support/string_helpers.h"
 #include "support/text_cleanup.h"
 #include "support/utf8.h"
@@ -37,10 +39,22 @@ void BlankSeparators(std::string& text, std::string_view separator) {
   TextCleanup::ReplaceSeparator(text, separator);
 }
 
+/// The width of a text of plain numbers, which needs no cleaning; none for any other text.
+std::optional<std::int32_t> PlainWidth(std::string_view text, std::string_view separator) {
+  const std::string_view line = FirstLine(text);
+  delimited::PlainShape shape;
+  shape.separator = separator.empty() ? '\0' : separator.front();
+  if (!separator.empty()) shape.fields += std::count(line.begin(), line.end(), shape.separator);
+  if (line.empty() || shape.fields > std::numeric_limits<std::int32_t>::max()) return std::nullopt;
+  const char* const end = text.data() + text.size();
+  if (delimited::PlainRecords(shape).Count(text.data(), end).end != end) return std::nullopt;
+  return static_cast<std::int32_t>(shape.fields);
+}
+
 }  // namespace
 
 PreparedText PrepareText(std::string text, std::string_view separator, bool has_labels,
-                         std::int32_t layout, const char* source) {
+                         std::int32_t layout, const char* source, bool counts_plain_records) {
   PreparedText rows;
   if (has_labels) rows.label_row = FirstLine(text);  // before any re-arrangement
   const bool is_transposed = layout == layout_code::kRecordsInColumns;
@@ -52,6 +66,12 @@ PreparedText PrepareText(std::string text, std::string_view separator, bool has_
     text = StringHelpers::RearrangeText(std::move(text), separator, layout);
   }
   if (has_labels) TextCleanup::DropFirstLine(text);
+  if (const auto width = counts_plain_records ? PlainWidth(text, separator) : std::nullopt) {
+    rows.columns = *width;
+    TextCleanup::ReplaceSeparator(text, separator);
+    rows.text = std::move(text);
+    return rows;
+  }
   const std::string first_record(FirstLine(text));
   BlankSeparators(text, separator);
   // Only a blank can still stand in runs: between other separators an empty value keeps its place.

@@ -18,9 +18,10 @@ struct PreparedText {
 
 /// Prepares the text of a file. `layout` is a `layout_code`, `source` the operation that loads. A
 /// text without a separator that is to be transposed raises 41001, one whose lines are longer than
-/// its first 9.
+/// its first 9. A text of nothing but plain numbers is not read field by field, unless
+/// `counts_plain_records` is false; the result is the same.
 PreparedText PrepareText(std::string text, std::string_view separator, bool has_labels,
-                         std::int32_t layout, const char* source);
+                         std::int32_t layout, const char* source, bool counts_plain_records = true);
 
 }  // namespace tslm5
 
