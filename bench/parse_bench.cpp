@@ -9,10 +9,8 @@
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <charconv>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -23,6 +21,7 @@
 #include "tslm5/contracts/codes.h"
 #include "tslm5/contracts/data_set.h"
 #include "tslm5/contracts/nominal_data_set.h"
+#include "turns.h"
 
 namespace tslm5::bench {
 namespace {
@@ -72,18 +71,6 @@ void RequireEqual(IDataSet& set, const std::vector<double>& values) {
   }
 }
 
-double ProcessorSeconds() {
-  timespec now{};
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 void Floor(benchmark::State& state) {
   const std::string& path = NumberFile(state.range(0), state.range(1));
   for (auto _ : state) benchmark::DoNotOptimize(ParseBare(path, Cells(state)));
@@ -97,44 +84,16 @@ void Parse(benchmark::State& state) {
 void Ratio(benchmark::State& state) {
   const std::string& path = NumberFile(state.range(0), state.range(1));
   RequireEqual(*ParseSet(path), ParseBare(path, Cells(state)));
-  std::vector<double> floors;
-  std::vector<double> parses;
-  std::vector<double> ratios;
-  for (auto _ : state) {
-    const double start = ProcessorSeconds();
-    benchmark::DoNotOptimize(ParseBare(path, Cells(state)));
-    const double middle = ProcessorSeconds();
-    benchmark::DoNotOptimize(ParseSet(path));
-    const double end = ProcessorSeconds();
-    floors.push_back(middle - start);
-    parses.push_back(end - middle);
-    ratios.push_back(parses.back() / floors.back());
-  }
-  state.counters["floor_ms"] = 1e3 * Median(floors);
-  state.counters["parse_ms"] = 1e3 * Median(parses);
-  state.counters["ratio"] = Median(ratios);
+  TakeTurns(
+      state, [&] { return ParseBare(path, Cells(state)); }, [&] { return ParseSet(path); });
 }
 
 /// The nominal parse of words beside the plain parse of numbers, of the same shape: 2 is the limit.
 void Words(benchmark::State& state) {
   const std::string& numbers = NumberFile(state.range(0), state.range(1));
   const std::string& words = WordFile(state.range(0), state.range(1));
-  std::vector<double> floors;
-  std::vector<double> parses;
-  std::vector<double> ratios;
-  for (auto _ : state) {
-    const double start = ProcessorSeconds();
-    benchmark::DoNotOptimize(ParseSet(numbers));
-    const double middle = ProcessorSeconds();
-    benchmark::DoNotOptimize(ParseWords(words));
-    const double end = ProcessorSeconds();
-    floors.push_back(middle - start);
-    parses.push_back(end - middle);
-    ratios.push_back(parses.back() / floors.back());
-  }
-  state.counters["numbers_ms"] = 1e3 * Median(floors);
-  state.counters["words_ms"] = 1e3 * Median(parses);
-  state.counters["ratio"] = Median(ratios);
+  TakeTurns(
+      state, [&] { return ParseSet(numbers); }, [&] { return ParseWords(words); });
 }
 
 /// What the process needed at most, less the file and the array: "over_mb" may be 64.
