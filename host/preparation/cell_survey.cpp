@@ -8,16 +8,13 @@
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
 #include "host/program/shown_text.h"
+#include "tslm5/contracts/missing_tokens.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
 namespace {
 
 constexpr std::string_view kSpace = "\r\v\f";
-
-bool IsLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 /// Without what the database takes for blanks around a number: a carriage return left over at the
 /// end of a line does not make its last number a text.
@@ -142,18 +139,7 @@ class Surveyor {
 }  // namespace
 
 bool IsMissing(std::string_view cell) {
-  switch (cell.size()) {
-    case 0:
-      return true;
-    case 1:
-      return cell == "?" || cell == ".";
-    case 2:
-      return cell == "NA" || cell == "na" || cell == "._" || (cell[0] == '.' && IsLetter(cell[1]));
-    case 4:
-      return cell == "NULL" || cell == "Null" || cell == "null";
-    default:
-      return false;
-  }
+  return cell.empty() || IsMissingToken(cell);
 }
 
 std::string NoRecords(const RecordReader& reader, const DelimitedText& text) {

@@ -1,7 +1,6 @@
 #include "datasetlite/label_row.h"
 
 #include "support/label_test.h"
-#include "support/text_cleanup.h"
 #include "support/text_split.h"
 #include "support/utf8.h"
 
@@ -22,11 +21,7 @@ std::vector<std::string> Fields(std::string_view line, std::string_view separato
 std::vector<std::string> SplitLabelRow(std::string_view line, std::string_view separator,
                                        std::int32_t columns) {
   if (line.ends_with('\r')) line.remove_suffix(1);
-  std::string blanked(line);
-  TextCleanup::ReplaceSeparator(blanked, separator);
-  TextCleanup::CollapseRuns(blanked, ' ');
-  std::vector<std::string> words = Fields(Utf8::TrimBlanks(blanked), " ");
-
+  std::vector<std::string> words = LabelWords(std::string(line), separator);
   const auto wanted = static_cast<std::size_t>(columns);
   if (words.size() != wanted) {
     std::vector<std::string> fields = Fields(line, separator);

@@ -18,6 +18,12 @@ TEST(AreLabels, IsNotSoWithOneTwice) {
   EXPECT_TRUE(AreLabels({}, '.'));
 }
 
+TEST(LabelWords, StandBetweenSeparatorsAndRunsOfBlanks) {
+  EXPECT_EQ(LabelWords(" a, b,,c ", ","), (std::vector<std::string>{"a", "b", "c"}));
+  EXPECT_EQ(LabelWords("a,b c\x05 d", ""), (std::vector<std::string>{"a,b", "c ", "d"}));
+  EXPECT_TRUE(LabelWords(" , ", ",").empty());
+}
+
 TEST(PlainLabel, HasBlanksForCharactersOfCode5) {
   EXPECT_EQ(PlainLabel("blood\x05pressure\x05"), "blood pressure ");
   EXPECT_EQ(PlainLabel("a b"), "a b");
