@@ -13,6 +13,7 @@
 #include "boundary/hooked_events.h"
 #include "inmemory/memory_set.h"
 #include "support/temporary_folder.h"
+#include "tslm5/platform/live_objects.h"
 
 namespace tslm5 {
 
@@ -92,7 +93,7 @@ class BoundaryCase : public testing::Test {
     const auto run = [path](IUnknown& set) {
       std::int32_t separator = kComma;
       std::string message;
-      const bool is_valid = Query<IDataSet>(&set)->IsValidDataSet(path, false, separator, message);
+      const bool is_valid = Face<IDataSet>(set).IsValidDataSet(path, false, separator, message);
       return is_valid ? "valid" : "invalid: " + message;
     };
     return {refusal.empty() ? "check" : "check of a bad file",
@@ -101,6 +102,12 @@ class BoundaryCase : public testing::Test {
             kept,
             {"BeforeDataCheck", "LoadFeedback", "LoadFeedback", "LoadFeedback", "LoadFeedback",
              "LoadFeedback", "LoadFeedback", "LoadFeedback", "AfterDataCheck"}};
+  }
+
+  /// A face of the set, without a reference to it: an operation must hold what it needs.
+  template <class I>
+  static I& Face(IUnknown& set) {
+    return *Query<I>(&set);
   }
 
   /// Whether an event is one of the data check, which passes no error on to its caller.

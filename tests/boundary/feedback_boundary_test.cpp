@@ -8,6 +8,7 @@
 #include "boundary/calling_feedback.h"
 #include "datasetlite/lite_set.h"
 #include "inmemory/memory_set.h"
+#include "tslm5/platform/live_objects.h"
 
 namespace tslm5 {
 namespace {
@@ -123,7 +124,9 @@ TEST_F(FeedbackBoundary, MayStopThePassWhereItIsAsked) {
 TEST_F(FeedbackBoundary, MayLetGoOfTheSet) {
   AtEveryCall([this](std::size_t place) {
     const auto release = [this] {
+      const std::int64_t living = LiveObjects::Count();
       set_.Reset();
+      EXPECT_EQ(LiveObjects::Count(), living) << "the computation holds it to its end";
       return true;
     };
     EXPECT_EQ(Try(place, release), 0) << place;

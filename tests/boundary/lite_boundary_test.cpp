@@ -36,7 +36,7 @@ class LiteBoundary : public BoundaryCase<HookedEvents> {
 
   static Operation Load(const char* name, std::function<std::string(IDataSet& set)> run) {
     return {name,
-            [run = std::move(run)](IUnknown& set) { return run(*Query<IDataSet>(&set)); },
+            [run = std::move(run)](IUnknown& set) { return run(Face<IDataSet>(set)); },
             "done",
             kNew,
             {"BeforeDataLoad", "RecordParsed", "RecordParsed", "AfterDataLoad"}};
@@ -117,6 +117,8 @@ TEST_F(LiteBoundary, ACancelEndsTheOperationAndTakesItsRecordsBack) {
       EXPECT_EQ(outcome, "valid") << what;
     } else if (event == "BeforeDataLoad") {
       EXPECT_EQ(outcome, sets_data ? "false" : "done") << what;
+      const bool is_silent = sets_data || (operation.name == "replace" && place == 0);
+      EXPECT_EQ(events_->names.back(), is_silent ? "BeforeDataLoad" : "AfterDataLoad") << what;
       EXPECT_EQ(Kept(), sets_data ? kNoTable : kOld) << what;
     } else if (event == "RecordParsed") {
       EXPECT_EQ(outcome, sets_data ? "41019" : "done") << what;
@@ -143,8 +145,12 @@ TEST_F(LiteBoundary, AListenerMayDetachItselfAndHearsNoMore) {
 
 TEST_F(LiteBoundary, AHandlerMayLetGoOfTheSet) {
   AtEveryEvent([this](const Operation& operation, std::size_t place, const std::string&) {
-    const std::string outcome = Try(operation, place, [this](const auto&) { set_.Reset(); });
     const std::string what = What(operation, place, "release");
+    const std::string outcome = Try(operation, place, [&](const auto&) {
+      const std::int64_t living = LiveObjects::Count();
+      set_.Reset();
+      EXPECT_EQ(LiveObjects::Count(), living) << what << ": the operation holds it to its end";
+    });
     EXPECT_EQ(outcome, operation.outcome) << what;
     EXPECT_EQ(events_->names.size(), operation.events.size()) << what;
     EXPECT_EQ(Kept(), operation.kept) << what;

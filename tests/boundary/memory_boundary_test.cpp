@@ -44,24 +44,24 @@ class MemoryBoundary : public BoundaryCase<HookedMemoryEvents> {
   std::vector<Operation> Operations() override {
     const auto parse = [](const std::string& path) {
       return [path](IUnknown& set) {
-        Query<IDataSet>(&set)->Parse(path, kComma, false, kTraining, kRows);
+        Face<IDataSet>(set).Parse(path, kComma, false, kTraining, kRows);
       };
     };
     const auto parse_text = [](IUnknown& set) {
       std::string text = "7,8\n9,10\n";
       const Ref<IParseEventArgs> arguments = MakeParseEventArgs();
-      Query<IDataSet>(&set)->ParseString(text, kComma, false, kTraining, kRows, arguments.get());
+      Face<IDataSet>(set).ParseString(text, kComma, false, kTraining, kRows, arguments.get());
     };
     const auto parse_words = [words = words_file_](IUnknown& set) {
       const Ref<IParseEventArgs> arguments = MakeParseEventArgs();
-      Query<INominalDataSet>(&set)->Parse(words, kComma, false, kTraining, kRows,
-                                          problem_category::kTimeSeries, arguments.get());
+      Face<INominalDataSet>(set).Parse(words, kComma, false, kTraining, kRows,
+                                       problem_category::kTimeSeries, arguments.get());
     };
     const auto parse_word_text = [](IUnknown& set) {
       std::string text = "red,no\nblue,yes\n";
       const Ref<IParseEventArgs> arguments = MakeParseEventArgs();
-      Query<INominalDataSet>(&set)->ParseString(text, kComma, false, kTraining, kRows,
-                                                problem_category::kTimeSeries, arguments.get());
+      Face<INominalDataSet>(set).ParseString(text, kComma, false, kTraining, kRows,
+                                             problem_category::kTimeSeries, arguments.get());
     };
     std::vector<Operation> all = {Check(new_file_, "", kOld),
                                   Check(bad_file_, refusal_, kOld),
@@ -149,8 +149,12 @@ TEST_F(MemoryBoundary, AListenerMayDetachItselfAndHearsNoMore) {
 
 TEST_F(MemoryBoundary, AHandlerMayLetGoOfTheSet) {
   AtEveryEvent([this](const Operation& operation, std::size_t place, const std::string&) {
-    const std::string outcome = Try(operation, place, [this](const auto&) { set_.Reset(); });
     const std::string what = What(operation, place, "release");
+    const std::string outcome = Try(operation, place, [&](const auto&) {
+      const std::int64_t living = LiveObjects::Count();
+      set_.Reset();
+      EXPECT_EQ(LiveObjects::Count(), living) << what << ": the operation holds it to its end";
+    });
     EXPECT_EQ(outcome, operation.outcome) << what;
     EXPECT_EQ(events_->names.size(), operation.events.size()) << what;
   });
