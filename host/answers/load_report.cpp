@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "host/answers/dialect_text.h"
 #include "host/answers/preparation_report.h"
 #include "host/preparation/label_list.h"
 #include "host/program/json_text.h"
@@ -88,12 +89,16 @@ std::string LoadText(const LoadReport& report) {
 std::string LoadJson(const LoadReport& report) {
   const CellSurvey& survey = report.survey;
   const StoredSet& stored = report.stored;
+  const DelimitedDialect dialect = report.dialect == nullptr ? DelimitedDialect{} : *report.dialect;
   const bool is_transposed = report.options.layout == layout_code::kRecordsInColumns;
   return JsonText(
       {{"run", report.options.run},
        {"set", report.options.set->name},
        {"file", report.options.file},
        {"separator", report.separator.separator->name},
+       {"decimal", dialect.decimal == ',' ? "comma" : "point"},
+       {"encoding", dialect.encoding},
+       {"skippedLines", dialect.preamble_lines},
        {"layout", is_transposed ? "columns" : "rows"},
        {"lines", survey.lines},
        {"rows", stored.rows},

@@ -16,8 +16,9 @@ struct LoadReport {
   const SeparatorChoice& separator;
   const CellSurvey& survey;
   const StoredSet& stored;
-  const PreparedLoad* prepared;  ///< nullptr where the numbers are those of the file
-  const FieldTable* fields;      ///< of a prepared load: where its columns are in the file
+  const PreparedLoad* prepared;     ///< nullptr where the numbers are those of the file
+  const FieldTable* fields;         ///< of a prepared load: where its columns are in the file
+  const DelimitedDialect* dialect;  ///< nullptr for the contract's loader
 };
 
 /// In words, a line a subject.

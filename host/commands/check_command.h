@@ -3,11 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/preparation/separators.h"
 #include "host/program/invocation.h"
-#include "tslm5/contracts/codes.h"
+#include "tslm5/contracts/delimited_reader.h"
 
 namespace tslm5::host {
 
@@ -15,7 +16,9 @@ struct CheckOptions {
   std::string file;
   const Separator* separator = nullptr;  ///< nullptr: to be found out
   bool has_labels = true;
-  std::int32_t problem_category = problem_category::kRegression;
+  DelimitedOptions dialect;
+  bool is_fixed = false;                         ///< by the contract's check, as it stands
+  std::optional<std::int32_t> problem_category;  ///< none: by the response
   bool all = false;
   std::size_t most_problems = 20;  ///< of `all`, to be shown
   bool json = false;

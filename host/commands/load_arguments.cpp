@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/commands/dialect_arguments.h"
 #include "host/commands/load_command.h"
 #include "host/preparation/lines.h"
 #include "host/program/common_options.h"
@@ -34,9 +35,8 @@ struct Words {
   std::string file;
   std::string run;
   std::string set = "training";
-  std::string separator = "auto";
+  DialectArguments dialect;
   std::string layout = "rows";
-  bool no_labels = false;
   bool no_check = false;
   bool no_statistics = false;
   std::string response;
@@ -129,17 +129,32 @@ void MakePreparation(const Words& words, LoadOptions& options) {
   RequireTraining(options);
 }
 
+/// What the contract's loader does not do.
+void RequireFixed(const LoadOptions& options) {
+  if (!options.is_fixed) return;  // --no-check then has nothing to switch off
+  if (!options.response.empty() || options.problem || !options.testing.empty() ||
+      options.testing_share || options.scale || options.positive_class ||
+      !options.missing_tokens.empty()) {
+    Misuse(
+        "--fixed stores the numbers of the file as they are: --response, --problem, --testing, "
+        "--testing-share, --normalize, --positive-class and --missing do not go with it");
+  }
+}
+
 LoadOptions MakeOptions(const Words& words) {
   LoadOptions options;
   options.file = words.file;
   options.run = RunName(words.run);
   options.set = FindSet(words.set);
-  options.separator = FindSeparator(words.separator);
-  options.has_labels = !words.no_labels;
+  options.separator = FindSeparator(words.dialect.separator);
+  options.has_labels = !words.dialect.no_labels;
+  options.dialect = DialectOf(words.dialect);
+  options.is_fixed = words.dialect.fixed;
   options.json = words.json;
   options.checks = !words.no_check;
   options.statistics = !words.no_statistics;
   MakePreparation(words, options);
+  RequireFixed(options);
   if (words.layout == "columns") options.layout = layout_code::kRecordsInColumns;
   if (options.layout == layout_code::kRecordsInColumns && options.separator != nullptr &&
       options.separator->code == separator_code::kNone) {
@@ -182,13 +197,12 @@ void AddLoadCommand(CommandSpec& app, Invocation& invocation) {
       .Required()
       .ValueName("RUN.db");
   AddDataSet(load, words->set, "the set to fill");
-  AddSeparator(load, words->separator);
-  load.AddFlag("--no-labels", words->no_labels, "the first line is a record, not the labels");
+  AddDialect(load, words->dialect);
   load.AddOption("--layout", words->layout, "what a line holds (default rows: a record)")
       .OneOf({"rows", "columns"})
       .ValueName("NAME");
   AddPreparation(load, *words);
-  load.AddFlag("--no-check", words->no_check, "load without the data check");
+  load.AddFlag("--no-check", words->no_check, "with --fixed: load without the data check");
   load.AddFlag("--no-stats", words->no_statistics, "do not compute the statistics of the columns");
   AddJson(load, words->json);
   load.Footer(kLoadExamples);

@@ -13,6 +13,7 @@
 #include "host/preparation/cell_rule.h"
 #include "host/preparation/cell_survey.h"
 #include "host/preparation/file_check.h"
+#include "host/preparation/fixed_file.h"
 #include "host/preparation/label_list.h"
 #include "host/preparation/load_files.h"
 #include "host/preparation/prepared_load.h"
@@ -29,14 +30,9 @@ namespace {
 
 constexpr int kMostStarts = 5;
 
-constexpr const char* kNoLabels =
-    "the first line was dropped, but not taken for labels: one of them is a number, or two are the "
-    "same; the set has no labels (--no-labels keeps the line as a record)";
-
 /// Refuses a file that the data check refuses, in its words. One whose records are its columns is
 /// looked at by the survey alone: the check knows records in lines.
-/// With `takes_words`, a word or a missing value is no reason: what refuses the file comes later.
-void RequireValid(const LoadOptions& options, const DelimitedText& text, bool takes_words) {
+void RequireValid(const LoadOptions& options, const DelimitedText& text) {
   if (!options.checks || text.is_transposed) return;
   CheckRequest request;
   request.path = text.path;
@@ -46,13 +42,22 @@ void RequireValid(const LoadOptions& options, const DelimitedText& text, bool ta
   const DataCheckResult result = CheckFile(request);
   if (result.is_valid) return;
   const DataCheckFinding& finding = result.findings.front();
-  if (takes_words && IsAboutFields(finding.code)) return;
-  Refuse(PlaceOf(finding) + Escaped(OneLine(finding.message)) +
-         " (tslm5 check --all tells every problem; --no-check loads without the check)");
+  throw Failure(ExitCode::kRefused,
+                PlaceOf(finding) + Escaped(OneLine(finding.message)) +
+                    " (tslm5 check --fixed --all tells every problem; --no-check loads without the "
+                    "check)");
 }
 
-void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
-                 const CellSurvey& survey, StoredSet& stored) {
+constexpr const char* kNoLabels =
+    "the first line was dropped, but not taken for labels: one of them is a number, or two are the "
+    "same; the set has no labels (--no-labels keeps the line as a record)";
+
+/// What there is to tell of a load by the contract's loader.
+void AddFixedWarnings(const LoadOptions& options, const FixedFile& file, const CellSurvey& survey,
+                      StoredSet& stored) {
+  for (std::string& warning : TextWarnings(*file.source)) {
+    stored.warnings.push_back(std::move(warning));
+  }
   if (options.has_labels && !stored.has_labels) {
     stored.warnings.push_back(
         options.layout == layout_code::kRecordsInColumns
@@ -65,26 +70,8 @@ void AddWarnings(const LoadOptions& options, const SeparatorChoice& choice,
     stored.warnings.push_back(fmt::format(
         "blanks count as separators too: {} of the records have more columns than the {} gives, "
         "the first on line {}: {}",
-        survey.blanks.count, choice.separator->name, place.line, Quoted(place.value)));
+        survey.blanks.count, file.separator.separator->name, place.line, Quoted(place.value)));
   }
-}
-
-void AddTextWarnings(const FieldFile& file, StoredSet& stored) {
-  for (std::string& warning : TextWarnings(*file.source)) {
-    stored.warnings.push_back(std::move(warning));
-  }
-}
-
-/// Quotes mean nothing to the component: a field that stands in them is a word, a number too.
-void WarnOfQuotes(const CellSurvey& survey, StoredSet& stored) {
-  if (!survey.quoted.first) return;
-  const CellPlace& place = *survey.quoted.first;
-  stored.warnings.push_back(
-      fmt::format("{} cell{} in quotes, which are not understood: they are kept as part of a word; "
-                  "the first on "
-                  "line {}, column {}: {}",
-                  survey.quoted.count, survey.quoted.count == 1 ? " stands" : "s stand", place.line,
-                  place.column + 1, Quoted(place.value)));
 }
 
 /// Whether the user asks for more than to store a file's numbers.
@@ -94,24 +81,11 @@ bool AsksForMore(const LoadOptions& options) {
          !options.missing_tokens.empty();
 }
 
-/// The response of a testing set is where the run has it, unless the user says where.
-std::string ResponseName(const LoadOptions& options, const RunStatus& run,
-                         const FieldTable& table) {
-  if (!options.response.empty() || options.set->type == data_set_type::kTraining) {
-    return options.response;
-  }
-  const auto known = std::find(table.labels.begin(), table.labels.end(), run.response);
-  return known == table.labels.end() ? "" : run.response;
-}
-
 /// Whether a testing set has its response elsewhere than in its last column.
-bool MustMoveResponse(const LoadOptions& options, const RunStatus& run, const DelimitedText& text) {
+bool MustMoveResponse(const LoadOptions& options, const RunStatus& run,
+                      const std::vector<std::string>& labels) {
   const bool is_testing = options.set->type == data_set_type::kTesting;
-  if (!is_testing || run.response.empty() || !text.has_label_line) return false;
-  std::string_view line;
-  LineCursor(text.text).Next(line);
-  std::vector<std::string_view> labels;
-  SplitLine(line, *text.separator, labels);
+  if (!is_testing || run.response.empty() || labels.empty()) return false;
   return labels.back() != run.response &&
          std::find(labels.begin(), labels.end(), run.response) != labels.end();
 }
@@ -121,13 +95,29 @@ void Report(const LoadReport& report, bool json, Output& output) {
   output.Write(json ? LoadJson(report) : LoadText(report));
 }
 
-void LoadNumbers(const LoadOptions& options, const RunStatus& run, const FieldFile& file,
-                 const CellSurvey& survey, Output& output) {
-  StoredSet stored = StoreSet(options, run, file.text, survey);
+/// What is told of the first line means nothing where lines are columns.
+void AddNotes(const LoadOptions& options, const DelimitedFile& file, const std::string& place,
+              std::vector<std::string>& warnings) {
+  for (const TextNote& note : file.notes) {
+    const bool is_of_header = note.code == FindingCode::kHeaderContradicted;
+    if (is_of_header && options.layout == layout_code::kRecordsInColumns) continue;
+    warnings.push_back(place + note.words);
+  }
+}
+
+/// Plain numbers go the contract's way, which reads the same records faster.
+void LoadNumbers(const LoadOptions& options, const RunStatus& run, DelimitedFile& file,
+                 Output& output) {
+  if (!file.is_decoded) file.source->TakeText();
+  file.is_decoded = true;
+  const SeparatorChoice choice = ChoiceOf(options, file);
+  const DelimitedText text{file.source->Text(), choice.separator, !file.labels.empty(), false,
+                           file.source->Path()};
+  StoredSet stored = StoreSet(options, run, text, file.survey);
   output.NoteDone("the load is stored");
-  AddTextWarnings(file, stored);
-  AddWarnings(options, file.separator, survey, stored);
-  Report({options, file.separator, survey, stored, nullptr, nullptr}, options.json, output);
+  AddNotes(options, file, "", stored.warnings);
+  Report({options, choice, file.survey, stored, nullptr, nullptr, &file.dialect}, options.json,
+         output);
 }
 
 /// A time series is one column, its values in order of time.
@@ -141,62 +131,90 @@ void RequireSeries(const LoadOptions& options, const FieldTable& table) {
                      LabelList(labels)));
 }
 
-/// REQUIRES: the file's table is read.
-void LoadPrepared(const LoadOptions& options, const RunStatus& run, FieldFile& file,
-                  bool comma_is_decimal, Output& output) {
-  RequireStructure(options, file);
-  RequireSeries(options, file.table);
-  PlaceResponse(file.table, ResponseName(options, run, file.table));
-  std::optional<FieldFile> testing;
-  if (!options.testing.empty()) {
-    testing = ReadTextOf(options, options.testing, comma_is_decimal);
-    testing->table = ReadFields(testing->text, comma_is_decimal);
-    RequireStructure(options, *testing);
-    PlaceResponse(testing->table, options.response);
-  }
-  PreparedLoad load =
-      StorePrepared(options, run, file, testing ? &*testing : nullptr, comma_is_decimal);
+FieldFile ReadFieldFile(const LoadOptions& options, DelimitedFile file,
+                        const std::string& response) {
+  FieldFile read{std::move(file), {}};
+  read.table = ReadFields(options, read.file);
+  RequireSeries(options, read.table);
+  PlaceResponse(read.table, response);
+  return read;
+}
+
+void LoadPrepared(const LoadOptions& options, const RunStatus& run, const FieldFile& main,
+                  const FieldFile* testing, Output& output) {
+  PreparedLoad load = StorePrepared(options, run, main, testing);
   output.NoteDone("the load is stored");
+  std::vector<std::string>& warnings = load.stored.warnings;
   const CellSurvey survey =
-      SurveyFields(file.table, CellRule(comma_is_decimal, load.preparation.missing_tokens));
-  if (options.has_labels && file.table.labels.empty()) {
-    load.stored.warnings.emplace_back(kNoLabels);
+      SurveyFields(main.table, CellRule(main.table.decimal, load.preparation.missing_tokens));
+  AddNotes(options, main.file, "", warnings);
+  if (testing != nullptr) {
+    AddNotes(options, testing->file, Escaped(options.testing) + ": ", warnings);
   }
-  WarnOfQuotes(survey, load.stored);
-  AddTextWarnings(file, load.stored);
-  if (testing) AddTextWarnings(*testing, load.stored);
-  Report({options, file.separator, survey, load.stored, &load, &file.table}, options.json, output);
+  const SeparatorChoice choice = ChoiceOf(options, main.file);
+  Report({options, choice, survey, load.stored, &load, &main.table, &main.file.dialect},
+         options.json, output);
 }
 
 /// Loads the file in the way that the status of the run asks for.
-void LoadInto(const LoadOptions& options, const RunStatus& run, FieldFile& file,
-              const std::optional<CellSurvey>& numbers, bool comma_is_decimal, Output& output) {
+void LoadInto(const LoadOptions& options, const RunStatus& run, DelimitedFile& file,
+              Output& output) {
   const bool is_testing = options.set->type == data_set_type::kTesting;
   const bool goes_on = run.is_prepared && (is_testing ? run.has_training : run.has_testing);
-  if (numbers && !goes_on && !AsksForMore(options) && !MustMoveResponse(options, run, file.text)) {
-    RequireValid(options, file.text, false);
-    return LoadNumbers(options, run, file, *numbers, output);
+  const bool is_plain =
+      file.is_plain && options.layout == layout_code::kRecordsInRows && !UserHasDecimalComma();
+  if (is_plain && !goes_on && !AsksForMore(options) &&
+      !MustMoveResponse(options, run, file.labels)) {
+    return LoadNumbers(options, run, file, output);
   }
-  try {
-    file.table = ReadFields(file.text, comma_is_decimal);
-  } catch (const Failure& failure) {
-    if (failure.Code() == ExitCode::kRefused) {
-      RequireValid(options, file.text, true);  // its words come first
-    }
-    throw;
+  std::string response = options.response;
+  if (response.empty() && is_testing &&
+      std::find(file.labels.begin(), file.labels.end(), run.response) != file.labels.end()) {
+    response = run.response;
   }
-  LoadPrepared(options, run, file, comma_is_decimal, output);
+  const FieldFile main = ReadFieldFile(options, file, response);
+  const bool holds_numbers = file.survey.text.count == 0 && file.survey.missing.count == 0;
+  if (holds_numbers && !goes_on && !AsksForMore(options)) {
+    StoredSet stored = StoreNumbers(options, run, main);
+    output.NoteDone("the load is stored");
+    AddNotes(options, file, "", stored.warnings);
+    const SeparatorChoice choice = ChoiceOf(options, file);
+    const CellSurvey survey = SurveyFields(main.table, CellRule(main.table.decimal, {}));
+    return Report({options, choice, survey, stored, nullptr, &main.table, &file.dialect},
+                  options.json, output);
+  }
+  std::optional<FieldFile> testing;
+  if (!options.testing.empty()) {
+    testing = ReadFieldFile(options, SurveyFile(options.testing, DialectOptions(options)),
+                            options.response);
+  }
+  LoadPrepared(options, run, main, testing ? &*testing : nullptr, output);
 }
 
-}  // namespace
+/// By the contract's check and loader, as they stand: numbers alone, its rules of separators and
+/// the user's locale.
+void LoadFixed(const LoadOptions& options, const RunStatus& run, const FixedFile& file,
+               bool comma_is_decimal, Output& output) {
+  if (run.is_prepared && options.set->type == data_set_type::kTesting && run.has_training) {
+    throw Failure(ExitCode::kRefused,
+                  "the run's training set was prepared, and a testing set must be prepared like "
+                  "it; load it without --fixed");
+  }
+  RequireValid(options, file.text);
+  const CellSurvey survey = SurveyCells(file.text, comma_is_decimal);
+  StoredSet stored = StoreSet(options, run, file.text, survey);
+  output.NoteDone("the load is stored");
+  AddFixedWarnings(options, file, survey, stored);
+  Report({options, file.separator, survey, stored, nullptr, nullptr, nullptr}, options.json,
+         output);
+}
 
-void RunLoad(const LoadOptions& options, Output& output) {
-  const bool comma_is_decimal = UserHasDecimalComma();
-  FieldFile file = ReadTextOf(options, options.file, comma_is_decimal);
-  const std::optional<CellSurvey> numbers = SurveyNumbers(file.text, comma_is_decimal);
+/// Does a load again while other programs change the run in between.
+template <class Load>
+void WithStatus(const LoadOptions& options, Load load) {
   for (int i = 0; i < kMostStarts; ++i) {
     try {
-      return LoadInto(options, ReadRunStatus(options.run), file, numbers, comma_is_decimal, output);
+      return load(ReadRunStatus(options.run));
     } catch (const OutdatedStatus&) {  // another program was faster: the way may be another one now
     }
   }
@@ -204,6 +222,20 @@ void RunLoad(const LoadOptions& options, Output& output) {
                 fmt::format("{} is changed by other programs again and again; load when they are "
                             "done",
                             Escaped(options.run)));
+}
+
+}  // namespace
+
+void RunLoad(const LoadOptions& options, Output& output) {
+  if (options.is_fixed) {
+    const bool comma_is_decimal = UserHasDecimalComma();
+    const FixedFile file = ReadFixedFile(options, comma_is_decimal);
+    return WithStatus(options, [&](const RunStatus& run) {
+      LoadFixed(options, run, file, comma_is_decimal, output);
+    });
+  }
+  DelimitedFile file = SurveyFile(options.file, DialectOptions(options));
+  WithStatus(options, [&](const RunStatus& run) { LoadInto(options, run, file, output); });
 }
 
 }  // namespace tslm5::host

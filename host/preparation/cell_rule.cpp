@@ -6,7 +6,7 @@
 namespace tslm5::host {
 
 bool CellRule::IsNumber(std::string_view cell, double& value) const {
-  return ParseNumber(cell, '.', value) || (comma_is_decimal_ && ParseNumber(cell, ',', value));
+  return ParseNumber(cell, decimal_, value);
 }
 
 CellClass CellRule::Classify(std::string_view cell, double& value) const {

@@ -14,9 +14,9 @@ enum class CellClass { kNumber, kMissing, kWord };
 class CellRule {
  public:
   /// `tokens` are the words that stand for a missing value beside the loader's own, letter for
-  /// letter; a number may be one. With `comma_is_decimal`, a number may have a decimal comma.
-  CellRule(bool comma_is_decimal, const std::vector<std::string>& tokens)
-      : comma_is_decimal_(comma_is_decimal), tokens_(tokens.begin(), tokens.end()) {}
+  /// letter; a number may be one. `decimal` is the sign of the numbers, a point or a comma.
+  CellRule(char decimal, const std::vector<std::string>& tokens)
+      : decimal_(decimal), tokens_(tokens.begin(), tokens.end()) {}
 
   /// `value` receives the number of a cell that is one.
   CellClass Classify(std::string_view cell, double& value) const;
@@ -29,12 +29,12 @@ class CellRule {
   bool IsNamedToken(std::string_view cell) const {
     return !tokens_.empty() && tokens_.contains(std::string(cell));
   }
-  bool CommaIsDecimal() const { return comma_is_decimal_; }
+  char Decimal() const { return decimal_; }
 
  private:
   bool IsNumber(std::string_view cell, double& value) const;
 
-  bool comma_is_decimal_;
+  char decimal_;
   std::unordered_set<std::string> tokens_;
 };
 

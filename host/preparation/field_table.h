@@ -4,17 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "host/preparation/delimited_text.h"
-
 namespace tslm5::host {
 
-/// The records of a text as fields, split at the separator alone: a field may hold blanks. The last
-/// column is the response. The text that the fields are views of must outlive the table.
+/// The records of a text as fields. The last column is the response.
 struct FieldTable {
   std::vector<std::string_view> fields;  ///< record by record
   std::vector<std::int64_t> places;      ///< where each record is, from 1: its line
@@ -25,8 +21,8 @@ struct FieldTable {
   std::int64_t lines = 0;                 ///< always records + label lines + empty lines
   std::int64_t label_lines = 0;
   std::int64_t empty_lines = 0;
-  std::optional<std::int64_t> first_gap;    ///< the first empty line before a record
-  std::shared_ptr<const std::string> text;  ///< kept for the fields where nobody else keeps it
+  char decimal = '.';                ///< sign of the numbers
+  std::shared_ptr<const void> text;  ///< what the fields are views of, where nobody else keeps it
 
   std::size_t Records() const { return places.size(); }
   std::string_view Field(std::size_t record, std::size_t column) const {
@@ -37,12 +33,6 @@ struct FieldTable {
   /// "line 4, column 2 (wind)", the column as it stands in the file.
   std::string PlaceOf(std::size_t record, std::size_t column) const;
 };
-
-/// Splits a text into its fields, each without the blanks and tabs around it. The label line gives
-/// labels unless one of them is a number or two are the same. Raises `Failure`, refused, for a text
-/// without records, for more columns than a run holds, for records of different lengths and for a
-/// label line that does not fit them. With `comma_is_decimal`, a number may have a decimal comma.
-FieldTable ReadFields(const DelimitedText& text, bool comma_is_decimal);
 
 /// Makes a column the last one, and so the response; the others keep their order.
 void MoveToEnd(FieldTable& table, std::size_t column);

@@ -3,111 +3,70 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
-#include "host/preparation/cell_rule.h"
-#include "host/preparation/file_check.h"
 #include "host/preparation/label_list.h"
 #include "host/program/failure.h"
 #include "host/program/shown_text.h"
+#include "tslm5/platform/number_text.h"
 
 namespace tslm5::host {
 namespace {
 
-constexpr int kRecordsLookedAt = 100;
-constexpr std::string_view kEmptyRows = "The data contains empty rows.";
-constexpr std::string_view kAdvice =
-    " (tslm5 check --all tells every problem; --no-check loads without the check)";
-
-/// Whether the check was refused for what stands in its rows, which the table of fields knows
-/// better: a word may hold blanks.
-bool IsAboutRows(CheckCode code) {
-  return IsAboutFields(code) || code == CheckCode::kFieldCount || code == CheckCode::kEmptyLine ||
-         code == CheckCode::kNoRecords;
-}
-
-/// Whether the first records show that the text does not hold numbers alone.
-bool ShowsWords(const DelimitedText& text, bool comma_is_decimal) {
-  const CellRule rule(comma_is_decimal, {});
-  RecordReader reader(text);
-  std::vector<std::string_view> cells;
-  for (int looked_at = 0; looked_at < kRecordsLookedAt && reader.Next(); ++looked_at) {
-    SplitAtBlanks(reader.Clean(), cells);
-    const bool is_plain = std::all_of(cells.begin(), cells.end(), [&rule](std::string_view cell) {
-      return rule.Classify(cell) == CellClass::kNumber;
-    });
-    if (!is_plain) return true;
+/// Whether the first field of every line is a text, and another one a number, so that the lines of
+/// a file of columns begin with their labels.
+bool BeginsWithLabels(const FieldTable& table) {
+  double number = 0.0;
+  bool has_number = false;
+  for (std::size_t line = 0; line < table.Records(); ++line) {
+    const std::string_view first = table.Field(line, 0);
+    if (first.empty() || ParseNumber(first, table.decimal, number)) return false;
+    for (std::size_t i = 1; i < table.columns && !has_number; ++i) {
+      has_number = ParseNumber(table.Field(line, i), table.decimal, number);
+    }
   }
-  return false;
-}
-
-SeparatorChoice ChooseSeparator(const LoadOptions& options, std::string_view text,
-                                bool comma_is_decimal) {
-  if (options.separator != nullptr) return {options.separator, "as asked for"};
-  SeparatorChoice choice = GuessSeparator(text, comma_is_decimal);
-  RequireGuess(choice);
-  const bool is_none = choice.separator->code == separator_code::kNone;
-  if (is_none && options.layout == layout_code::kRecordsInColumns) {
-    Refuse(
-        "no separator gives the same number of fields in every line; with the layout "
-        "columns one is needed (--separator)");
-  }
-  return choice;
+  return has_number;
 }
 
 }  // namespace
 
-void RequireGuess(const SeparatorChoice& choice) {
-  if (!choice.is_comma_passed_over) return;
-  Refuse(
-      "every line holds commas, but in your locale they are decimal separators; say "
-      "--separator comma, or --separator none for one column");
+DelimitedOptions DialectOptions(const LoadOptions& options) {
+  DelimitedOptions dialect = options.dialect;
+  if (options.separator != nullptr) dialect.separator = options.separator->character;
+  if (!options.has_labels) dialect.has_header = false;
+  if (options.layout == layout_code::kRecordsInColumns) dialect.has_header = false;
+  dialect.missing_tokens = options.missing_tokens;
+  return dialect;
 }
 
-FieldFile ReadTextOf(const LoadOptions& options, const std::string& file, bool comma_is_decimal) {
-  FieldFile read;
-  read.source = std::make_shared<TextSource>(file);
-  read.source->RequireText();
-  DelimitedText& text = read.text;
-  text.text = read.source->Text();
-  text.path = read.source->Path();
-  read.separator = ChooseSeparator(options, text.text, comma_is_decimal);
-  text.separator = read.separator.separator;
-  text.has_label_line = options.has_labels;
-  text.is_transposed = options.layout == layout_code::kRecordsInColumns;
-  if (text.is_transposed) {
-    read.transposed = std::make_shared<std::string>(Transposed(text.text, *text.separator));
-    text.text = *read.transposed;
+FieldTable ReadFields(const LoadOptions& options, const DelimitedFile& file) {
+  FieldTable table = ReadTable(file);
+  if (options.layout != layout_code::kRecordsInColumns) return table;
+  if (table.columns == 1 && options.separator == nullptr) {
+    Refuse(
+        "no separator gives the same number of fields in every line; with the layout columns one "
+        "is needed (--separator)");
   }
-  return read;
+  const bool has_labels =
+      options.has_labels && (options.dialect.has_header.value_or(false) || BeginsWithLabels(table));
+  if (has_labels && table.columns == 1) {
+    throw Failure(ExitCode::kRefused, "there are no records behind the labels");
+  }
+  FieldTable turned = Turned(table, has_labels);
+  if (turned.columns > kMostColumns) {
+    throw Failure(ExitCode::kRefused,
+                  fmt::format("the file has {} lines, which are columns; a run holds {} at most",
+                              turned.columns, kMostColumns));
+  }
+  return turned;
 }
 
-std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is_decimal) {
-  if (ShowsWords(text, comma_is_decimal)) return std::nullopt;
-  try {
-    CellSurvey survey = SurveyCells(text, comma_is_decimal);
-    if (survey.text.count == 0 && survey.missing.count == 0) return survey;
-  } catch (const Failure& failure) {
-    if (failure.Code() == ExitCode::kInterrupted) throw;
-  }
-  return std::nullopt;
-}
-
-void RequireStructure(const LoadOptions& options, const FieldFile& fields) {
-  if (!options.checks || fields.text.is_transposed) return;
-  CheckRequest request;
-  request.path = fields.text.path;
-  request.separator = fields.text.separator;
-  request.has_labels = options.has_labels;
-  request.lines = fields.table.lines;
-  const DataCheckResult result = CheckFile(request);
-  if (result.is_valid) return;
-  const DataCheckFinding& finding = result.findings.front();
-  if (!IsAboutRows(finding.code)) {
-    Refuse(fmt::format("{}{}{}", PlaceOf(finding), Escaped(OneLine(finding.message)), kAdvice));
-  }
-  if (!fields.table.first_gap) return;
-  Refuse(
-      fmt::format("line {}: Invalid Training. {}{}", *fields.table.first_gap, kEmptyRows, kAdvice));
+SeparatorChoice ChoiceOf(const LoadOptions& options, const DelimitedFile& file) {
+  const Separator& separator = SeparatorOf(file.dialect);
+  if (options.separator != nullptr) return {&separator, "as asked for"};
+  const std::size_t fields = file.survey.columns;
+  return {&separator, fields == 1 ? "every record is one field"
+                                  : fmt::format("it gives {} fields in each record", fields)};
 }
 
 void PlaceResponse(FieldTable& table, const std::string& name) {

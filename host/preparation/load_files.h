@@ -1,29 +1,24 @@
 #ifndef TSLM5_HOST_PREPARATION_LOAD_FILES_H_
 #define TSLM5_HOST_PREPARATION_LOAD_FILES_H_
 
-#include <optional>
 #include <string>
 
 #include "host/preparation/cell_rule.h"
 #include "host/preparation/cell_survey.h"
-#include "host/preparation/prepared_load.h"
+#include "host/preparation/delimited_file.h"
+#include "host/preparation/load_options.h"
 
 namespace tslm5::host {
 
-/// Reads one file of a load, once: its text, its separator found out where none was asked for. The
-/// table of fields stays empty.
-FieldFile ReadTextOf(const LoadOptions& options, const std::string& file, bool comma_is_decimal);
+/// What the options say of the way in which a file is written.
+DelimitedOptions DialectOptions(const LoadOptions& options);
 
-/// Raises `Failure`, refused, where every line holds commas that the user's locale takes for
-/// decimal separators.
-void RequireGuess(const SeparatorChoice& choice);
+/// The records of a file in the layout that was asked for. In a file of columns the first field of
+/// each line is a label where all of them are texts and numbers follow.
+FieldTable ReadFields(const LoadOptions& options, const DelimitedFile& file);
 
-/// The survey of a file of numbers alone, which the dataset loads by itself; nothing for any other.
-std::optional<CellSurvey> SurveyNumbers(const DelimitedText& text, bool comma_is_decimal);
-
-/// Refuses a file for what is wrong with its structure in the eyes of the data check: words and
-/// missing values are none of it.
-void RequireStructure(const LoadOptions& options, const FieldFile& fields);
+/// The separator of a file, and why it was taken.
+SeparatorChoice ChoiceOf(const LoadOptions& options, const DelimitedFile& file);
 
 /// Moves the response to the end: the column called `name`, a label or d0, d1, ...; "" leaves the
 /// columns as they are. Raises `Failure`, wrong usage, for a name that is none.

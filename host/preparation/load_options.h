@@ -10,6 +10,7 @@
 #include "host/preparation/separators.h"
 #include "host/program/set_names.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/contracts/delimited_reader.h"
 
 namespace tslm5::host {
 
@@ -22,6 +23,10 @@ struct LoadOptions {
   const SetName* set = nullptr;
   const Separator* separator = nullptr;  ///< nullptr: to be found out
   bool has_labels = true;
+  /// How the file is written, as far as it is set; the labels of a file of columns are settled
+  /// apart.
+  DelimitedOptions dialect;
+  bool is_fixed = false;  ///< by the contract's loader, as it stands
   std::int32_t layout = layout_code::kRecordsInRows;
   std::string response;                 ///< label or dN; "": the last column
   std::optional<std::int32_t> problem;  ///< `problem_category`

@@ -44,6 +44,7 @@ struct Preparation {
   RunScale scale;
   std::int32_t problem = 0;                 ///< `problem_category`
   std::vector<std::string> missing_tokens;  ///< named by the user
+  bool testing_has_decimal_comma = false;   ///< in the texts of the testing set
   bool has_positive_class = false;          ///< the user named it: all other classes are one
   std::optional<TwoClasses> two_classes;
 

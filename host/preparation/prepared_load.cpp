@@ -8,15 +8,14 @@
 
 #include "host/preparation/load_note.h"
 #include "host/preparation/load_target.h"
-#include "host/preparation/load_watcher.h"
 #include "host/preparation/prepare_records.h"
-#include "host/preparation/prepared_set.h"
 #include "host/preparation/record_split.h"
 #include "host/preparation/run_metadata.h"
 #include "host/preparation/run_originals.h"
 #include "host/preparation/series_labels.h"
 #include "host/preparation/set_agreement.h"
 #include "host/preparation/statistics_feedback.h"
+#include "host/preparation/store_values.h"
 #include "host/preparation/testing_texts.h"
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
@@ -39,11 +38,8 @@ Keys KeysFrom(std::int32_t first, std::size_t count) {
 /// One load inside its transaction.
 class Store {
  public:
-  Store(const RunSession& session, const LoadOptions& options, bool comma_is_decimal)
-      : session_(session),
-        options_(options),
-        comma_is_decimal_(comma_is_decimal),
-        progress_(Terminal::OfStandardError()) {}
+  Store(const RunSession& session, const LoadOptions& options)
+      : session_(session), options_(options), progress_(Terminal::OfStandardError()) {}
 
   PreparedLoad Training(const FieldFile& main, const FieldFile* testing) {
     const FieldTable& table = main.table;
@@ -59,7 +55,8 @@ class Store {
     wishes.scale = options_.scale.value_or(RunScale{});
     wishes.positive_class = options_.positive_class;
     wishes.missing_tokens = options_.missing_tokens;
-    const CellRule rule(comma_is_decimal_, wishes.missing_tokens);
+    const CellRule rule(table.decimal, wishes.missing_tokens);
+    const char former_decimal = TestingHasDecimalComma(session_) ? ',' : '.';
     PreparedRecords records =
         PrepareTraining(table, split.training, rule, wishes, load_.preparation);
     Tell(records);
@@ -77,9 +74,9 @@ class Store {
       WriteOriginals(session_.Originals(), table, split.training,
                      KeysFrom(first, split.training.size()), progress_);
       if (testing != nullptr) {
-        AddTesting(testing->table, rule);
+        AddTesting(testing->table, CellRule(testing->table.decimal, wishes.missing_tokens));
       } else if (session_.Sets().HasSet(data_set_type::kTesting)) {
-        PrepareTestingAnew(table, rule);
+        PrepareTestingAnew(table, CellRule(former_decimal, wishes.missing_tokens));
       }
     }
     WritePreparation(session_, load_.preparation, load_.share);
@@ -99,7 +96,7 @@ class Store {
     for (const std::string& token : options_.missing_tokens) {
       if (std::find(tokens.begin(), tokens.end(), token) == tokens.end()) tokens.push_back(token);
     }
-    const CellRule rule(comma_is_decimal_, tokens);
+    const CellRule rule(table.decimal, tokens);
     if (!has_training) RequireNumbers(table, rule);
     AddTesting(table, rule);
     if (!has_training) WriteColumnNotes(table);
@@ -131,17 +128,7 @@ class Store {
   void SaveSet(std::int32_t type, const std::vector<double>& values,
                const std::vector<std::string>& labels) {
     Ref<IDataSet> data_set = session_.AttachDataSet(type);
-    const auto source = MakeObject<PreparedSet>(values, load_.preparation.columns.size(), labels);
-    bool is_stored = false;
-    try {
-      const LoadWatcher watcher(*data_set, progress_);
-      is_stored = data_set->SetData(source.get(), type);
-    } catch (const Error&) {
-      StopIfInterrupted();
-      throw;
-    }
-    StopIfInterrupted();
-    if (!is_stored) throw Failure(ExitCode::kTrouble, "the prepared records could not be stored");
+    StoreValues(*data_set, type, values, load_.preparation.columns.size(), labels, progress_);
     ForgetFormerSet(session_, type);
     if (type == options_.set->type) {
       load_.stored.rows = data_set->Rows();
@@ -166,6 +153,7 @@ class Store {
   void KeepSplit(const FieldTable& table, const RecordSplit& split, const CellRule& rule) {
     PreparedRecords records = PrepareTesting(table, split.testing, rule, load_.preparation);
     Tell(records);
+    load_.preparation.testing_has_decimal_comma = rule.Decimal() == ',';
     SaveSet(data_set_type::kTesting, records.values, table.labels);
     session_.Sets().WriteKeys(data_set_type::kTraining, KeysOf(split.training));
     session_.Sets().WriteKeys(data_set_type::kTesting, KeysOf(split.testing));
@@ -191,6 +179,7 @@ class Store {
     const Records all = NoSplit(table.Records()).training;
     PreparedRecords records = PrepareTesting(table, all, rule, load_.preparation);
     Tell(records);
+    load_.preparation.testing_has_decimal_comma = rule.Decimal() == ',';
     SaveSet(data_set_type::kTesting, records.values, table.labels);
     const std::int32_t first = session_.Originals().MakeRoom(
         data_set_type::kTesting, static_cast<std::int32_t>(table.Records()),
@@ -207,7 +196,7 @@ class Store {
     const Ref<IDataSet> former = session_.OpenDataSet(data_set_type::kTesting);
     std::vector<std::string> labels;
     if (former && former->HasLabels()) labels = LabelsOf(*former);
-    const FieldTable table = ReadTestingTexts(session_, training.columns, labels);
+    const FieldTable table = ReadTestingTexts(session_, training.columns, labels, rule.Decimal());
     Keys keys;
     session_.Sets().ReadKeys(data_set_type::kTesting, keys);
     if (keys.size() != table.Records()) {
@@ -218,6 +207,7 @@ class Store {
     PreparedRecords records =
         PrepareTesting(table, NoSplit(table.Records()).training, rule, load_.preparation);
     Tell(records);
+    load_.preparation.testing_has_decimal_comma = rule.Decimal() == ',';
     SaveSet(data_set_type::kTesting, records.values, labels);
     session_.Sets().WriteKeys(data_set_type::kTesting, keys);
     load_.stored.warnings.emplace_back(
@@ -243,13 +233,16 @@ class Store {
       }
       if (options_.statistics && HasStatistics(session_)) ComputeStatistics(*data_set, progress_);
     }
-    NoteLoad(session_, options_, main.text, load_.stored);
+    const DelimitedDialect& dialect = main.file.dialect;
+    NoteLoad(session_, options_,
+             {&SeparatorOf(dialect), !main.table.labels.empty(), dialect.decimal,
+              dialect.preamble_lines},
+             load_.stored);
     return std::move(load_);
   }
 
   const RunSession& session_;
   const LoadOptions& options_;
-  const bool comma_is_decimal_;
   Progress progress_;
   std::vector<std::pair<std::int32_t, Ref<IDataSet>>> sets_;
   PreparedLoad load_;
@@ -258,16 +251,15 @@ class Store {
 }  // namespace
 
 PreparedLoad StorePrepared(const LoadOptions& options, const RunStatus& status,
-                           const FieldFile& main, const FieldFile* testing, bool comma_is_decimal) {
+                           const FieldFile& main, const FieldFile* testing) {
   LoadTarget target(options.run);
   const RunSession& session = target.Session();
   Transaction transaction(session);
   RequireStatus(session, status);
   session.CreateSchema();
   const bool is_training = options.set->type == data_set_type::kTraining;
-  PreparedLoad load = is_training
-                          ? Store(session, options, comma_is_decimal).Training(main, testing)
-                          : Store(session, options, comma_is_decimal).Testing(main);
+  PreparedLoad load = is_training ? Store(session, options).Training(main, testing)
+                                  : Store(session, options).Testing(main);
   StopIfInterrupted();
   transaction.Commit();
   target.Finish();

@@ -6,22 +6,18 @@
 #include <string>
 #include <vector>
 
-#include "host/preparation/delimited_text.h"
+#include "host/preparation/delimited_file.h"
 #include "host/preparation/field_table.h"
 #include "host/preparation/load_options.h"
 #include "host/preparation/preparation.h"
 #include "host/preparation/run_preparation.h"
 #include "host/preparation/store_set.h"
-#include "host/preparation/text_source.h"
 
 namespace tslm5::host {
 
-/// A file and its fields, which are views into its text.
+/// A file and its fields.
 struct FieldFile {
-  std::shared_ptr<const TextSource> source;
-  std::shared_ptr<const std::string> transposed;  ///< the text, where its lines are columns
-  DelimitedText text;
-  SeparatorChoice separator;
+  DelimitedFile file;
   FieldTable table;
 };
 
@@ -39,7 +35,7 @@ struct PreparedLoad {
 /// is raised, the run is as it was, and a new one is not there. Raises `OutdatedStatus` when the
 /// run is no longer as `status` says.
 PreparedLoad StorePrepared(const LoadOptions& options, const RunStatus& status,
-                           const FieldFile& main, const FieldFile* testing, bool comma_is_decimal);
+                           const FieldFile& main, const FieldFile* testing);
 
 }  // namespace tslm5::host
 

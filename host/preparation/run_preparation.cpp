@@ -63,6 +63,12 @@ void WriteNamedTokens(IRunParameters& parameters, const Preparation& preparation
   }
 }
 
+void WriteTestingDecimal(IRunParameters& parameters, const Preparation& preparation) {
+  if (preparation.testing_has_decimal_comma) {
+    parameters.WriteWhole(parameter_space::kData, run_parameter::kTestingDecimalComma, 1);
+  }
+}
+
 void WriteParameters(const RunSession& session, const Preparation& preparation,
                      const std::optional<ShareOfRecords>& share) {
   IRunParameters& parameters = session.Parameters();
@@ -80,6 +86,7 @@ void WriteParameters(const RunSession& session, const Preparation& preparation,
   number(run_parameter::kNewMinimum, scale.new_minimum);
   number(run_parameter::kNewMaximum, scale.new_maximum);
   whole(run_parameter::kPositiveClassNamed, preparation.has_positive_class ? 1 : 0);
+  WriteTestingDecimal(parameters, preparation);
   if (share) {
     number(run_parameter::kTestingShare, share->share);
     whole(run_parameter::kSeed, static_cast<std::int32_t>(share->seed));
@@ -107,6 +114,8 @@ void WriteTestingPreparation(const RunSession& session, const Preparation& prepa
   WriteTokens(session, preparation);
   session.Parameters().DropSpace(parameter_space::kToken);
   WriteNamedTokens(session.Parameters(), preparation);
+  session.Parameters().DropParameter(parameter_space::kData, run_parameter::kTestingDecimalComma);
+  WriteTestingDecimal(session.Parameters(), preparation);
   if (!session.Figures().HasScaleFigures()) {
     session.Figures().ComputeScaleFigures(static_cast<std::int32_t>(preparation.columns.size()));
   }

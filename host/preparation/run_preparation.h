@@ -20,6 +20,9 @@ struct ShareOfRecords {
 /// that further records must be prepared like them.
 bool IsPrepared(const RunSession& session);
 
+/// Whether the texts of the testing set are written with a decimal comma.
+bool TestingHasDecimalComma(const RunSession& session);
+
 /// Writes what the run tells of a preparation: categories, the classes of the response, missing
 /// tokens, the figures of the columns and the run's parameters. What was written before is
 /// replaced, but a replacement that was chosen for a token stays with it.

@@ -49,7 +49,7 @@ void ReadCategories(const RunSession& session, Preparation& preparation) {
 void ReadTrainingTokens(const RunSession& session, Preparation& preparation) {
   const auto columns = static_cast<std::int32_t>(preparation.columns.size());
   if (session.Originals().Columns() != columns) return;
-  const CellRule rule(false, preparation.missing_tokens);
+  const CellRule rule('.', preparation.missing_tokens);
   std::vector<RunTextCount> texts;
   for (std::int32_t i = 0; i + 1 < columns; ++i) {
     PreparedColumn& column = preparation.columns[static_cast<std::size_t>(i)];
@@ -63,6 +63,11 @@ void ReadTrainingTokens(const RunSession& session, Preparation& preparation) {
 }
 
 }  // namespace
+
+bool TestingHasDecimalComma(const RunSession& session) {
+  return session.Parameters().ReadWhole(parameter_space::kData,
+                                        run_parameter::kTestingDecimalComma) == 1;
+}
 
 bool IsPrepared(const RunSession& session) {
   std::vector<RunCategory> categories;
@@ -81,6 +86,7 @@ Preparation ReadPreparation(const RunSession& session) {
   preparation.problem = ReadProblem(session);
   preparation.has_positive_class =
       parameters.ReadWhole(parameter_space::kData, run_parameter::kPositiveClassNamed) == 1;
+  preparation.testing_has_decimal_comma = TestingHasDecimalComma(session);
   preparation.missing_tokens = ReadNamedTokens(session);
   ResponseEncoding encoding;
   if (session.Categories().ReadEncoding(encoding)) {

@@ -13,6 +13,8 @@
 
 namespace tslm5::host {
 
+struct FieldFile;
+
 /// What the run holds after a load.
 struct StoredSet {
   std::int32_t rows = 0;
@@ -29,6 +31,9 @@ struct StoredSet {
 /// `OutdatedStatus` when the run is no longer as `status` says.
 StoredSet StoreSet(const LoadOptions& options, const RunStatus& status, const DelimitedText& text,
                    const CellSurvey& survey);
+
+/// The same for a table of numbers alone, however its file is written.
+StoredSet StoreNumbers(const LoadOptions& options, const RunStatus& status, const FieldFile& file);
 
 }  // namespace tslm5::host
 

@@ -7,8 +7,9 @@
 namespace tslm5::host {
 
 FieldTable ReadTestingTexts(const RunSession& session, std::size_t columns,
-                            const std::vector<std::string>& labels) {
+                            const std::vector<std::string>& labels, char decimal) {
   FieldTable table;
+  table.decimal = decimal;
   table.place_word = "the run's testing record";
   table.columns = columns;
   table.file_columns.resize(columns);

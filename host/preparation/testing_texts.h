@@ -13,7 +13,7 @@ namespace tslm5::host {
 /// The testing records of the run as the texts that they were made from, which the table keeps.
 /// Records without a text are left out.
 FieldTable ReadTestingTexts(const RunSession& session, std::size_t columns,
-                            const std::vector<std::string>& labels);
+                            const std::vector<std::string>& labels, char decimal);
 
 }  // namespace tslm5::host
 

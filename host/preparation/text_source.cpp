@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +20,7 @@ namespace tslm5::host {
 namespace {
 
 constexpr std::size_t kPieceBytes = std::size_t{1} << 18;
+constexpr std::string_view kGzipMark = "\x1f\x8b";
 constexpr std::int64_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 
 [[noreturn]] void RaiseTrouble(const std::string& path, const std::string& words) {
@@ -33,14 +35,16 @@ constexpr std::int64_t kLongestLine = std::numeric_limits<std::int32_t>::max();
 /// The file behind a path, and whether it is still as it was when it was opened.
 class InputFile {
  public:
-  explicit InputFile(const std::string& path)
-      : path_(path),
-        // A pipe must not keep the program waiting for somebody to write.
-        descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
-    if (descriptor_ < 0) RaiseSystemTrouble(path_, "the file cannot be opened", errno);
+  InputFile(const std::string& path, const std::string& name)
+      : name_(name),
+        // A device must not keep the program waiting.
+        descriptor_(path == kStandardInput
+                        ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                        : ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    if (descriptor_ < 0) RaiseSystemTrouble(name_, "the file cannot be opened", errno);
     try {
       status_ = Status();
-      RequireRegular();
+      RequireFile(path);
     } catch (...) {
       ::close(descriptor_);
       throw;
@@ -56,34 +60,50 @@ class InputFile {
       StopIfInterrupted();
       const ssize_t count = ::read(descriptor_, piece.data(), piece.size());
       if (count >= 0) return {piece.data(), static_cast<std::size_t>(count)};
-      if (errno != EINTR) RaiseSystemTrouble(path_, "the file cannot be read", errno);
+      if (errno != EINTR) RaiseSystemTrouble(name_, "the file cannot be read", errno);
     }
   }
 
   void RequireUnchanged() const {
+    if (!S_ISREG(status_.st_mode)) return;
     const struct stat now = Status();
     const auto same = [](const timespec& left, const timespec& right) {
       return left.tv_sec == right.tv_sec && left.tv_nsec == right.tv_nsec;
     };
     if (now.st_size == status_.st_size && same(now.st_mtim, status_.st_mtim)) return;
-    RaiseTrouble(path_, "the file was changed while it was read; do it again when it is complete");
+    RaiseTrouble(name_, "the file was changed while it was read; do it again when it is complete");
   }
 
  private:
   struct stat Status() const {
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0) {
-      RaiseSystemTrouble(path_, "the file cannot be read", errno);
+      RaiseSystemTrouble(name_, "the file cannot be read", errno);
     }
     return status;
   }
 
-  void RequireRegular() const {
-    if (S_ISDIR(status_.st_mode)) RaiseTrouble(path_, "this is a directory; a file was expected");
-    if (!S_ISREG(status_.st_mode)) RaiseTrouble(path_, "this is not a regular file");
+  void RequireFile(const std::string& path) const {
+    if (S_ISDIR(status_.st_mode)) RaiseTrouble(name_, "this is a directory; a file was expected");
+    if (S_ISREG(status_.st_mode) || path == kStandardInput) return;
+    if (!S_ISFIFO(status_.st_mode)) RaiseTrouble(name_, "this is no file and no pipe");
+    WaitForWriter();
   }
 
-  const std::string& path_;
+  /// A pipe that nobody has written into yet would read as an empty file.
+  void WaitForWriter() const {
+    pollfd pipe{descriptor_, POLLIN, 0};
+    while (::poll(&pipe, 1, -1) < 0) {
+      if (errno != EINTR) RaiseSystemTrouble(name_, "the pipe cannot be read", errno);
+      StopIfInterrupted();
+    }
+    const int flags = ::fcntl(descriptor_, F_GETFL);
+    if (flags < 0 || ::fcntl(descriptor_, F_SETFL, flags & ~O_NONBLOCK) != 0) {
+      RaiseSystemTrouble(name_, "the pipe cannot be read", errno);
+    }
+  }
+
+  const std::string& name_;
   int descriptor_;
   struct stat status_ {};
 };
@@ -133,25 +153,26 @@ bool EndsLinesAtReturnsAlone(std::string_view text) {
 
 }  // namespace
 
-TextSource::TextSource(const std::string& path) : name_(path) {
+TextSource::TextSource(const std::string& path, Content content)
+    : name_(path == kStandardInput ? "standard input" : path) {
   try {
-    ReadFile();
-    if (!nul_line_) TakeText();
+    ReadFile(path);
+    if (!nul_line_ && content == Content::kText) TakeText();
   } catch (const std::system_error& error) {
     RaiseTrouble(name_,
                  fmt::format("the file cannot be held in memory: {}", error.code().message()));
   }
 }
 
-void TextSource::ReadFile() {
-  InputFile file(name_);
+void TextSource::ReadFile(const std::string& path) {
+  InputFile file(path, name_);
   memory_ = std::make_unique<MemoryFile>();
   std::vector<char> piece(kPieceBytes);
   LineWatch lines;
   bool may_hold_nul = false;  // as UTF-16 does in every other byte
   for (bool is_first = true;; is_first = false) {
     const std::string_view bytes = file.Read(piece);
-    if (is_first) may_hold_nul = HasUtf16Mark(bytes);
+    if (is_first) may_hold_nul = HasUtf16Mark(bytes) || bytes.starts_with(kGzipMark);
     if (bytes.empty()) break;
     const std::size_t nul = may_hold_nul ? std::string_view::npos : bytes.find('\0');
     lines.Pass(bytes.substr(0, nul));
@@ -183,6 +204,10 @@ void TextSource::TakeText() {
   text_ = memory_->Bytes().substr(kUtf8Mark.size());
 }
 
+bool TextSource::IsCompressed() const {
+  return memory_->Bytes().starts_with(kGzipMark);
+}
+
 void TextSource::FindNul(std::string_view text) {
   const std::size_t nul = text.find('\0');
   if (nul != std::string_view::npos) {
@@ -191,9 +216,9 @@ void TextSource::FindNul(std::string_view text) {
 }
 
 void TextSource::RequireText() const {
-  if (nul_line_) Refuse(WordsOfNul());
-  if (text_.empty()) {
-    Refuse(fmt::format("{}: the file is empty", Escaped(name_)));
+  if (nul_line_) throw Failure(ExitCode::kRefused, WordsOfNul());
+  if (memory_->Bytes().empty()) {
+    throw Failure(ExitCode::kRefused, fmt::format("{}: the file is empty", Escaped(name_)));
   }
 }
 

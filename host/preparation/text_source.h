@@ -12,14 +12,29 @@
 
 namespace tslm5::host {
 
+/// What stands for the standard input where a file is named.
+inline constexpr std::string_view kStandardInput = "-";
+
 /// A text file that is read once, from one descriptor. Whatever happens to the file afterwards, the
 /// program and the component see the same text: the program as `Text`, the component at `Path`.
 class TextSource {
  public:
-  /// Reads the file at `path`. Raises `Failure`, file trouble, when no such file, when it
-  /// is no regular file, cannot be read, or changes while it is read. A NUL byte ends the reading:
-  /// what holds one is no text.
-  explicit TextSource(const std::string& path);
+  enum class Content {
+    kText,   ///< decoded at once
+    kBytes,  ///< as they stand; `TakeText` decodes them
+  };
+
+  /// Reads the file or pipe at `path`, or the standard input. Raises `Failure`, file trouble, when
+  /// there is no such file, when it is a folder or a device, cannot be read, or changes while it is
+  /// read. A NUL byte ends the reading, but for a compressed file: what holds one is no text.
+  explicit TextSource(const std::string& path, Content content = Content::kText);
+
+  /// Makes a text of the bytes, which are gone then. REQUIRES: no NUL byte.
+  void TakeText();
+
+  /// What the file holds. Lives until `TakeText`.
+  std::string_view Bytes() const { return memory_->Bytes(); }
+  bool IsCompressed() const;
 
   /// UTF-8, the line break "\n". The line breaks "\r\n" have become so, and in a file that has no
   /// other line break "\r". Lives as long as the source.
@@ -40,8 +55,7 @@ class TextSource {
   std::string WordsOfNul() const;
 
  private:
-  void ReadFile();
-  void TakeText();
+  void ReadFile(const std::string& path);
   void FindNul(std::string_view text);
 
   std::string name_;

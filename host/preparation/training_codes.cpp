@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/preparation/file_check.h"
+#include "host/preparation/user_locale.h"
 #include "host/program/failure.h"
 #include "host/program/interruption.h"
 #include "host/program/shown_text.h"
@@ -21,7 +22,7 @@ constexpr char kEscape = '\x0f';
 
 /// Appends a word: a separator in it becomes the escape and a letter, as does the escape itself.
 void AppendWord(std::string& text, std::string_view word) {
-  constexpr std::string_view kSpecial = " \t,;|\x0f";
+  constexpr std::string_view kSpecial = " \t,;|\x0f\r\n\v\f";
   for (const char c : word) {
     const std::size_t place = kSpecial.find(c);
     if (place == std::string_view::npos) {
@@ -33,19 +34,18 @@ void AppendWord(std::string& text, std::string_view word) {
   }
 }
 
-/// Appends a number, with the decimal separator that the component expects.
-void AppendNumberCell(std::string& text, std::string_view cell, bool comma_is_decimal) {
-  const std::size_t from = text.size();
+/// Appends a number, with the decimal sign that the component expects.
+void AppendNumberCell(std::string& text, std::string_view cell, char from, char to) {
+  const std::size_t begin = text.size();
   text += cell;
-  if (comma_is_decimal)
-    std::replace(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), '.', ',');
+  std::replace(text.begin() + static_cast<std::ptrdiff_t>(begin), text.end(), from, to);
 }
 
-void AppendCell(std::string& text, std::string_view cell, const CellRule& rule) {
+void AppendCell(std::string& text, std::string_view cell, const CellRule& rule, char decimal) {
   if (cell.empty() || rule.IsNamedToken(cell)) {
     text += '?';
   } else if (rule.Classify(cell) == CellClass::kNumber) {
-    AppendNumberCell(text, cell, rule.CommaIsDecimal());
+    AppendNumberCell(text, cell, rule.Decimal(), decimal);
   } else {
     AppendWord(text, cell);
   }
@@ -81,11 +81,12 @@ void Parse(INominalDataSet& set, const FieldTable& table, std::string& text, std
 
 std::string ComposeTraining(const FieldTable& table, const std::vector<std::size_t>& records,
                             const CellRule& rule) {
+  const char decimal = UserHasDecimalComma() ? ',' : '.';
   std::string text;
   for (const std::size_t record : records) {
     for (std::size_t column = 0; column < table.columns; ++column) {
       if (column > 0) text += '\t';
-      AppendCell(text, table.Field(record, column), rule);
+      AppendCell(text, table.Field(record, column), rule, decimal);
     }
     text += '\n';
   }

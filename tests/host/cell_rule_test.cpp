@@ -6,7 +6,7 @@ namespace tslm5::host {
 namespace {
 
 TEST(CellRule, TellsNumbersMissingValuesAndWordsApart) {
-  const CellRule rule(false, {});
+  const CellRule rule('.', {});
   for (const char* number : {"5", "-.5e3", "5.", "1e-400"}) {
     EXPECT_EQ(rule.Classify(number), CellClass::kNumber) << number;
   }
@@ -18,18 +18,17 @@ TEST(CellRule, TellsNumbersMissingValuesAndWordsApart) {
   }
 }
 
-TEST(CellRule, TakesADecimalCommaWhereTheUserHasOne) {
-  const CellRule rule(true, {});
+TEST(CellRule, TakesADecimalCommaWhereTheFileHasOne) {
+  const CellRule rule(',', {});
   double value = 0.0;
   EXPECT_EQ(rule.Classify("1,5", value), CellClass::kNumber);
   EXPECT_EQ(value, 1.5);
-  EXPECT_EQ(rule.Classify("2.5", value), CellClass::kNumber);
-  EXPECT_EQ(value, 2.5);
+  EXPECT_EQ(rule.Classify("2.5"), CellClass::kWord);
   EXPECT_EQ(rule.Classify("1.2,3"), CellClass::kWord);
 }
 
 TEST(CellRule, TakesNamedTokensLetterForLetter) {
-  const CellRule rule(false, {"-9", "none"});
+  const CellRule rule('.', {"-9", "none"});
   EXPECT_EQ(rule.Classify("-9"), CellClass::kMissing);
   EXPECT_EQ(rule.Classify("none"), CellClass::kMissing);
   EXPECT_EQ(rule.Classify("-9.0"), CellClass::kNumber);

@@ -38,7 +38,8 @@ class CheckAgreement : public testing::Test {
     CheckOptions check;
     check.file = file;
     check.separator = FindSeparator(separator);
-    check.has_labels = has_labels;
+    if (!has_labels) check.dialect.has_header = false;
+    check.dialect.separator = check.separator->character;
     if (RunCheck(check, nowhere_) != ExitCode::kDone) return false;
     LoadOptions load;
     load.file = file;
@@ -72,7 +73,7 @@ TEST_F(CheckAgreement, NeverCallsValidWhatNoTableHolds) {
   for (int i = 1; i < 2000; ++i) wide += ",1";
   const Case cases[] = {
       {"semicolon", false, "1;2\n3;;4\n"}, {"comma", true, "a,b\n1,2\n4  5"},
-      {"comma", false, "0,0 0,,0"},        {"comma", false, "1,2 3,,4\n5,6 7,8"},
+      {"comma", true, "a,b\n1,2\n3,\n"},   {"comma", false, "1,2 3,,4\n5,6 7,8"},
       {"comma", true, "a\0,b\n1,2\n"s},    {"comma", false, wide + "\n" + wide + "\n"},
   };
   for (const Case& one : cases) {

@@ -18,11 +18,13 @@ NOTE = (
 AUTO = "separator  comma: it gives 2 fields in each of the {} lines looked at\n"
 
 
-class CheckTest(HostCase):
+class FixedCheckTest(HostCase):
+    """By the contract's rules, to the letter."""
+
     def check(self, content, *options, code=0, name="data.csv", **changes):
         """Checks a text; what is printed. Nothing is complained of, whatever the answer."""
         self.write(name, content)
-        result = self.program("check", name, *options, **changes)
+        result = self.program("check", name, "--fixed", *options, **changes)
         self.assertEqual((result.returncode, result.stderr), (code, ""), result.stdout)
         return result.stdout
 
@@ -47,15 +49,6 @@ class CheckTest(HostCase):
             },
         )
 
-    def test_what_the_load_would_refuse(self):
-        uneven = "line 2 has 3 fields, but the first record, on line 1, has 2"
-        printed = self.check("1;2\n3;;4\n", "--no-labels", "--separator", "semicolon", code=1)
-        self.assertEqual(
-            printed, f"data.csv is not valid\nseparator  semicolon: as asked for\n{uneven}\n"
-        )
-        answer = self.json("1;2\n3;;4\n", "--no-labels", "--separator", "semicolon", code=1)
-        self.assertEqual((answer["valid"], answer["message"]), (False, uneven))
-
     def test_a_nul_byte(self):
         told = (
             "line 1 holds a NUL byte: this is no text, or UTF-16 without the mark at its beginning "
@@ -70,16 +63,10 @@ class CheckTest(HostCase):
 
     def test_lines_that_end_with_a_carriage_return(self):
         file = self.write("data.csv", "a,b\r1,2\r3,x\r")
-        result = self.program("check", file)
+        result = self.program("check", file, "--fixed")
         told = "the lines end with a carriage return alone, which is taken as a line end"
         self.assertEqual(result.stderr, f"tslm5: warning: {file}: {told}\n")
         self.assertIn("\nline 3, record 2, column 2 (b): ", result.stdout)
-        result = self.program("load", file, "--run", self.run_path, "--json")
-        self.assertEqual(result.stderr, f"tslm5: warning: {file}: {told}\n")
-        self.assertEqual(json.loads(result.stdout)["warnings"], [f"{file}: {told}"])
-        shown = self.done("show", self.run_path, "--original", "--format", "csv")
-        self.assertEqual(shown, "a,a (original),b,b (original)\n1,1,0,2\n3,3,1,x\n")
-
     def test_the_first_problem_and_its_place(self):
         self.assertEqual(
             self.check("a,b\n1,2\n3,x\ny,4\n", code=1),
@@ -215,10 +202,13 @@ class CheckTest(HostCase):
             self.assertEqual(self.program(*words).returncode, 2, words)
 
     def test_ctrl_c_cancels_whatever_the_check_would_say(self):
+        self.cancels("--fixed")
+
+    def cancels(self, *options):
         self.write("big.csv", "a,b\n" + "1,2\n" * 2_000_000)
         primary, secondary = pty.openpty()
         process = subprocess.Popen(
-            [PROGRAM, "check", "big.csv", "--json"],
+            [PROGRAM, "check", "big.csv", "--json", *options],
             cwd=self.folder,
             env=plain_environment(),
             stdout=subprocess.PIPE,
@@ -241,6 +231,65 @@ class CheckTest(HostCase):
         self.assertIn(b"cancelled", shown)
 
 
+class CheckTest(HostCase):
+    """What `load` would make of a file."""
+
+    def json(self, content, *options, code=0):
+        file = self.write("data.csv", content)
+        result = self.program("check", file, "--json", *options)
+        self.assertEqual(result.returncode, code, result.stderr)
+        return json.loads(result.stdout)
+
+    def test_a_file_that_can_be_loaded(self):
+        self.write("data.csv", "a,b\n1,x\nNA,y\n")
+        self.assertEqual(
+            self.done("check", "data.csv"),
+            "data.csv is valid: 2 records of 2 columns\n"
+            "separator  comma: it gives 2 fields in each record\n"
+            "missing    1 cell without a value, kept as missing; the first: line 3, column 1 (a): "
+            '"NA"\n'
+            "words      2 cells with a word, coded; the first: line 2, column 2 (b): \"x\"\n",
+        )
+        self.assertEqual(
+            {key: value for key, value in self.json("a;b\n1,5;2\n3;4\n").items() if key != "file"},
+            {"valid": True, "message": "", "separator": "semicolon", "decimal": "comma",
+             "encoding": "UTF-8", "skippedLines": 0, "labels": ["a", "b"], "rows": 2, "columns": 2,
+             "missingCells": 0, "textCells": 0, "warnings": []},
+        )
+
+    def test_every_uneven_record(self):
+        content = "a,b\n1,2\n3\n4,5\n6,7,8\n"
+        answer = self.json(content, "--all", code=1)
+        self.assertEqual(answer["problemCount"], 2)
+        self.assertEqual([(p["line"], p["message"]) for p in answer["problems"]], [
+            (3, "line 3 has 1 field, but the first record, on line 2, has 2"),
+            (5, "line 5 has 3 fields, but the first record, on line 2, has 2"),
+        ])
+        file = self.write("data.csv", content)
+        self.failed(
+            1, "line 3 has 1 field, but the first record, on line 2, has 2; 1 more (tslm5 check "
+            "--all tells them)", "load", file, "--run", self.run_path)
+        answer = self.json(content, "--all", "--max", "1", code=1)
+        self.assertEqual((answer["problemCount"], len(answer["problems"])), (2, 1))
+
+    def test_refuses_what_load_refuses_in_its_words(self):
+        for content, options in [
+            ("a,b\n1,2\n3,NA\n", ()), ("a,b\n1,x\n2,x\n", ()), (b"\0" * 100, ()), ("", ()),
+            ("a,b\n", ()), ("1;2\n3;;4\n", ("--separator", "semicolon")),
+            ("a,b\n1,no\n2,yes\n3,no\n", ("--problem", "binary")),
+        ]:
+            with self.subTest(content):
+                answer = self.json(content, *options, code=0 if "--problem" in options else 1)
+                file = self.write("data.csv", content)
+                result = self.program("load", file, "--run", self.run_path, *options)
+                self.assertEqual(result.returncode, 0 if answer["valid"] else 1)
+                if not answer["valid"]:
+                    self.assertIn(answer["message"], result.stderr)
+
+    def test_ctrl_c(self):
+        FixedCheckTest.cancels(self)
+
+
 class CheckedLoadTest(HostCase):
     def test_a_valid_file_is_loaded(self):
         file = self.write("data.csv", VALID)
@@ -251,29 +300,23 @@ class CheckedLoadTest(HostCase):
         before = dump(self.run_path)
         file = self.write("bad.csv", "a,b\n1,2\n\n3,4\n")
         words = (
-            "line 3: Invalid Training. The data contains empty rows. (tslm5 check --all tells "
-            "every problem; --no-check loads without the check)"
+            "line 3: Invalid Training. The data contains empty rows. (tslm5 check --fixed --all "
+            "tells every problem; --no-check loads without the check)"
         )
-        for option in ([], ["--missing", "5"]):  # stored as it stands, and prepared
-            self.failed(1, words, "load", file, "--run", self.run_path, *option)
-            self.assertEqual(dump(self.run_path), before)
-            self.failed(1, words, "load", file, "--run", self.folder / "new.db", *option)
-            self.assertFalse((self.folder / "new.db").exists())
+        self.failed(1, words, "load", file, "--run", self.run_path, "--fixed")
+        self.assertEqual(dump(self.run_path), before)
+        self.failed(1, words, "load", file, "--run", self.folder / "new.db", "--fixed")
+        self.assertFalse((self.folder / "new.db").exists())
 
     def test_words_and_missing_cells_do_not_refuse_a_load(self):
         file = self.write("words.csv", "a,b\nNA,2\nred,3\nNew York,4\n")
         printed = self.done("load", file, "--run", self.run_path, "--json")
         self.assertEqual(json.loads(printed)["textCells"], 2)
 
-    def test_labels_that_do_not_fit_refuse_a_load_of_words(self):
-        file = self.write("words.csv", "a,b\nred,3,1\nblue,4,2\n")
-        result = self.program("load", file, "--run", self.run_path)
-        self.assertEqual(result.returncode, 1)
-        self.assertIn("labels", result.stderr)
-
     def test_without_the_check(self):
         file = self.write("bad.csv", "a,b\n1,2\n\n3,4\n")
-        printed = self.done("load", file, "--run", self.run_path, "--no-check", "--json")
+        printed = self.done("load", file, "--run", self.run_path, "--no-check", "--fixed",
+                            "--json")
         self.assertEqual(json.loads(printed)["rows"], 2)
 
 

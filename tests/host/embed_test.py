@@ -157,7 +157,7 @@ class EmbedTest(HostCase):
         cases = [
             ("a,b\n1,2\n3,4\n", (), "the training set has 2 columns; a series of one column can be "
              "embedded"),
-            ("a\nx\ny\nx\n", ("--problem", "timeseries"), "the series holds words, which were coded; "
+            ("a\nx\ny\nx\n", ("--problem", "timeseries", "--labels"), "the series holds words, which were coded; "
              "only numbers can be embedded"),
             ("a\n1\n0\n1\n", ("--problem", "classification"), "the run is for classification; load "
              "the series with --problem timeseries"),

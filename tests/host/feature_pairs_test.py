@@ -168,7 +168,7 @@ class FeaturePairs(HostCase):
         self.assertEqual(self.class_figures(), [(0, 2), (1, 1)])
 
     def test_words_x_embed(self):
-        self.load("value\na\nb\na\nb\na\n")
+        self.load("value\na\nb\na\nb\na\n", "--labels")
         self.refused(
             "the series holds words, which were coded; only numbers can be embedded",
             "embed", self.run_path, "--dimension", 1, "--delay", 1,

@@ -91,13 +91,21 @@ class HistoryTest(HostCase):
         )
         self.assertEqual(step["parameters"]["rows"], 2)
 
-    def test_a_load_with_decimal_commas_names_its_locale(self):
+    def test_a_load_by_the_fixed_rules_names_its_locale(self):
         file = self.write("comma.csv", "v;w\n1,5;2\n2,5;3\n")
-        words = ("load", file, "--run", self.run_path, "--normalize", "minmax")
-        self.done(*words, LC_ALL="de_DE.UTF-8")
+        self.done("load", file, "--run", self.run_path, "--fixed", LC_ALL="de_DE.UTF-8")
         (step,) = self.steps()
         self.assertEqual(step["parameters"]["locale"], "de_DE.UTF-8")
         self.assertTrue(step["commandLine"].startswith("LC_ALL=de_DE.UTF-8 tslm5 load "), step)
+        self.assertIn(" --fixed", step["commandLine"])
+
+    def test_a_load_names_the_dialect_that_it_found(self):
+        file = self.write("comma.csv", "by hand\nu;v;w\n1,5;2;3\n2,5;3;5\n3;1;1\n")
+        self.done("load", file, "--run", self.run_path, "--skip-lines", "auto")
+        (step,) = self.steps()
+        self.assertNotIn("locale", step["parameters"])
+        self.assertEqual(step["parameters"]["decimal"], "comma")
+        self.assertIn(" --decimal=comma", step["commandLine"])
 
     def test_a_step_of_another_program_is_told_without_a_line(self):
         self.load("a,b\n1,2\n")

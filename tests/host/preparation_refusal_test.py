@@ -84,21 +84,26 @@ class PreparationRefusalTest(HostCase):
             "--separator comma, or --separator none for one column"
         )
         german = {"LC_ALL": "de_DE.UTF-8"}
-        self.failed(1, message, "load", file, "--run", self.run_path, **german)
+        self.failed(1, message, "load", file, "--run", self.run_path, "--fixed", **german)
         self.assertEqual(dump(self.run_path), self.before)
         new = self.folder / "new.db"
-        self.done("load", file, "--run", new, "--separator", "comma", **german)
-        one = self.write("one.csv", "a\n1,5\n2,5\n")
-        self.done("load", one, "--run", self.folder / "one.db", **german)
+        self.done("load", file, "--run", new, "--separator", "comma", "--fixed", **german)
 
-    def test_quotes_are_warned_of(self):
-        file = self.write("quoted.csv", 'a,b\n"1",x\n2,y\n3,x\n')
-        result = self.program("load", file, "--run", self.folder / "new.db")
-        self.assertEqual(result.returncode, 0)
-        self.assertIn(
-            "1 cell stands in quotes, which are not understood: they are kept as part of a word; "
-            'the first on line 2, column 1: ', result.stderr,
-        )
+    def test_the_fixed_rules_leave_no_choice(self):
+        file = self.write("plain.csv", "a,b\n1,5\n2,6\n")
+        for option in (("--labels",), ("--no-quotes",), ("--decimal", "comma"),
+                       ("--skip-lines", "1"), ("--encoding", "UTF-8")):
+            self.failed(
+                2, "--fixed reads by the contract's rules: --labels, --no-quotes, --decimal, "
+                "--skip-lines and --encoding do not go with it",
+                "load", file, "--run", self.run_path, "--fixed", *option)
+        self.failed(
+            2, "--fixed stores the numbers of the file as they are: --response, --problem, "
+            "--testing, --testing-share, --normalize, --positive-class and --missing do not go "
+            "with it", "load", file, "--run", self.run_path, "--fixed", "--response", "a")
+        self.failed(2, "--labels and --no-labels exclude each other", "load", file, "--run",
+                    self.run_path, "--labels", "--no-labels")
+        self.assertEqual(dump(self.run_path), self.before)
 
     def test_a_positive_class_belongs_to_classes(self):
         file = self.write("plain.csv", "a,b\n1,5\n2,6\n")
@@ -196,8 +201,9 @@ class PreparationRefusalTest(HostCase):
 
     def test_labels_that_do_not_fit(self):
         self.refused(
-            'the label line has 2 labels, but the records have 3 columns: "a,b"',
-            "a,b\nx y,2,1\nz,4,2\n", *("--separator", "comma"),
+            "line 1: a line stands before the table (--skip-lines 1 passes over it, --skip-lines 0 "
+            "takes it for records)",
+            "a,b\nx y,2,1,5\nz,4,2,6\n", *("--separator", "comma"),
         )
 
     def test_wrong_usage(self):

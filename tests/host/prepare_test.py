@@ -117,7 +117,7 @@ class PrepareTest(HostCase):
             query(self.run_path, "SELECT * FROM DataSetColumnCategories WHERE Name = 'd1'"),
             [("d1", "7", 7, 1), ("d1", "5", 5, 1)],
         )
-        self.load("c,a\nx,no\ny,yes\nz,perhaps\n")
+        self.load("c,a\nx,no\ny,yes\nz,perhaps\n", "--labels")
         self.assertEqual(query(self.run_path, "SELECT * FROM ResponseEncoding"), [])
 
     def merging(self):
@@ -127,7 +127,7 @@ class PrepareTest(HostCase):
         )
 
     def test_a_positive_class_is_one_and_every_other_zero(self):
-        self.load("c,a\nx,no\ny,yes\nz,perhaps\n", "--positive-class", "perhaps")
+        self.load("c,a\nx,no\ny,yes\nz,perhaps\n", "--positive-class", "perhaps", "--labels")
         self.assertEqual(self.show()["rows"], [[1, 0], [2, 0], [3, 1]])
         self.assertEqual(
             query(self.run_path, "SELECT * FROM ResponseEncoding"), [("perhaps", 1, 0)]
@@ -203,7 +203,7 @@ class PrepareTest(HostCase):
         )
 
     def test_one_column_of_words(self):
-        self.load("answer\nno\nyes\nno\n")
+        self.load("answer\nno\nyes\nno\n", "--labels")
         self.assertEqual(self.show()["rows"], [[0], [1], [0]])
 
     def test_records_in_columns(self):
@@ -212,8 +212,11 @@ class PrepareTest(HostCase):
         self.assertEqual(self.show()["rows"], [[1, 1, 5], [2, None, 6]])
 
     def test_decimal_commas(self):
-        self.load("a;b\nrot;1,5\nblau;2.5\n", LC_ALL="de_DE.UTF-8")
-        self.assertEqual(self.show()["rows"], [[1, 1.5], [2, 2.5]])
+        for locale in ("C", "de_DE.UTF-8"):  # which decides nothing
+            self.load("a;b\nrot;1,5\nblau;2,5\n", LC_ALL=locale)
+            self.assertEqual(self.show()["rows"], [[1, 1.5], [2, 2.5]])
+            self.load("a;b\nrot;1.5\nblau;2.5\n", LC_ALL=locale)
+            self.assertEqual(self.show()["rows"], [[1, 1.5], [2, 2.5]])
 
     def test_apostrophes_and_statements_are_words(self):
         statement = "1'); DROP TABLE TrainingSet; --"

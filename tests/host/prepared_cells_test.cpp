@@ -18,9 +18,9 @@ constexpr const char* kText = "colour,wind,answer\nred,2,1\nblue,6,2\nred,NA,3\n
 constexpr const char* kTesting = "colour,wind,answer\nblue,?,5\nred,NA,6\n";
 
 FieldFile Fields(const char* text) {
-  FieldFile file;
-  file.text = {text, FindSeparator("comma"), true, false, {}};
-  file.table = ReadFields(file.text, false);
+  const TemporaryFolder folder;
+  FieldFile file{SurveyFile(folder.Write("data", text), {}), {}};
+  file.table = ReadTable(file.file);
   return file;
 }
 
@@ -37,7 +37,7 @@ class PreparedCells : public testing::TestWithParam<const char*> {
     options_.scale = ParseScale(scale);
     const FieldFile main = Fields(kText);
     const FieldFile testing = Fields(kTesting);
-    StorePrepared(options_, {}, main, &testing, false);
+    StorePrepared(options_, {}, main, &testing);
   }
 
   TemporaryFolder folder_;

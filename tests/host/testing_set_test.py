@@ -55,7 +55,8 @@ class TestingSetTest(HostCase):
 
     def test_the_response_moves_in_both_files(self):
         testing = self.write("testing.csv", "answer;colour\nyes;red\n")
-        self.load("answer,colour\nno,red\nyes,blue\n", "--response", "answer", "--testing", testing)
+        self.load("answer,colour\nno,red\nyes,blue\n", "--response", "answer", "--testing", testing,
+                  "--labels")
         self.assertEqual(self.show("--set", "testing", "--original")["rows"],
                          [[1, "red", 1, "yes"]])
 
@@ -168,7 +169,7 @@ class TestingSetTest(HostCase):
         change(self.run_path, "UPDATE DataSetColumnCategories SET NumericValue = 7.5 WHERE "
                "NominalValue = 'blue'")
         change(self.run_path, "UPDATE MissingMappings SET Replacement = 9, ReplacementType = 2")
-        self.load("colour,wind,answer\nblue,none,yes\nred,NA,no\n", "--set", "testing")
+        self.load("colour,wind,answer\nblue,none,yes\nred,NA,no\n", "--set", "testing", "--labels")
         self.assertEqual(
             self.texts("TestingSet"), [(4, 7.5, "blue", None, "none"), (5, 1, "red", None, "NA")]
         )

@@ -104,7 +104,7 @@ TEST(TextSource, NamesFileTrouble) {
   EXPECT_EQ(directory.what(), folder.Path("") + ": this is a directory; a file was expected");
   const Failure device = FailureIn([] { TextSource("/dev/null"); });
   EXPECT_EQ(device.Code(), ExitCode::kTrouble);
-  EXPECT_STREQ(device.what(), "/dev/null: this is not a regular file");
+  EXPECT_STREQ(device.what(), "/dev/null: this is no file and no pipe");
 }
 
 TEST(TextSource, RefusesAnEmptyFile) {

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "host/preparation/record_split.h"
+#include "tests/host/table_of.h"
 #include "tslm5/component/class_factory.h"
 #include "tslm5/component/create_object.h"
 #include "tslm5/contracts/codes.h"
@@ -39,10 +40,9 @@ TEST(TrainingCodes, AreThoseOfTheComponentForTheFileItself) {
   for (int trial = 0; trial < 200; ++trial) {
     const std::string text = RandomText(engine);
     SCOPED_TRACE(text);
-    const DelimitedText delimited{text, FindSeparator("comma"), false, false, {}};
-    const FieldTable table = ReadFields(delimited, false);
+    const FieldTable table = TableOf(text, ',', false);
     const CodedRecords coded =
-        CodeTraining(table, NoSplit(table.Records()).training, CellRule(false, {}), 0);
+        CodeTraining(table, NoSplit(table.Records()).training, CellRule('.', {}), 0);
 
     const auto set = CreateObject<INominalDataSet>(class_id::kInMemorySet);
     std::string raw = text;
@@ -61,11 +61,8 @@ TEST(TrainingCodes, AreThoseOfTheComponentForTheFileItself) {
 }
 
 TEST(TrainingCodes, WritesNoSeparatorInsideAField) {
-  const DelimitedText text{
-      "x y|a,b;c|1\nxby|?|-9\n|none|3\n", FindSeparator("bar"), false, false, {}};
-  const FieldTable table = ReadFields(text, false);
-  const std::string composed =
-      ComposeTraining(table, NoSplit(3).training, CellRule(false, {"none"}));
+  const FieldTable table = TableOf("x y|a,b;c|1\nxby|?|-9\n|none|3\n", '|', false);
+  const std::string composed = ComposeTraining(table, NoSplit(3).training, CellRule('.', {"none"}));
   EXPECT_EQ(composed,
             "x\x0f"
             "ay\ta\x0f"
@@ -74,9 +71,8 @@ TEST(TrainingCodes, WritesNoSeparatorInsideAField) {
 }
 
 TEST(TrainingCodes, CodesTheRecordsAskedForAlone) {
-  const DelimitedText text{"a,1\nb,2\nc,3\nb,4\n", FindSeparator("comma"), false, false, {}};
-  const FieldTable table = ReadFields(text, false);
-  const CodedRecords coded = CodeTraining(table, {1, 2, 3}, CellRule(false, {}), 0);
+  const FieldTable table = TableOf("a,1\nb,2\nc,3\nb,4\n", ',', false);
+  const CodedRecords coded = CodeTraining(table, {1, 2, 3}, CellRule('.', {}), 0);
   EXPECT_EQ(coded.values, (std::vector<double>{1, 2, 2, 3, 1, 4}));
   EXPECT_EQ(coded.is_nominal, (std::vector<bool>{true, false}));
 }

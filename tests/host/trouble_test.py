@@ -157,7 +157,7 @@ class TroubleTest(HostCase):
     def test_short_memory_is_no_answer_about_the_data(self):
         big = self.write("big.csv", "a,b\n" + "1.25,2.5\n" * 1_500_000)
         codes = []
-        for limit in range(32 << 20, 512 << 20, 6 << 20):
+        for limit in range(32 << 20, 512 << 20, 2 << 20):
             if self.with_memory(limit, "--version").returncode != 0:
                 continue
             result = self.with_memory(limit, "check", big)

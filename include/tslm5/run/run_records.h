@@ -50,6 +50,8 @@ inline constexpr std::string_view kNewMaximum = "NormalizationNewMaxValue";
 inline constexpr std::string_view kMerging = "Merging";
 /// 1 where the user named the positive class, so that every other class is one.
 inline constexpr std::string_view kPositiveClassNamed = "PositiveClassNamed";
+/// 1 where the texts of the testing set are written with a decimal comma.
+inline constexpr std::string_view kTestingDecimalComma = "TestingDecimalComma";
 /// The share of the records that was drawn for testing.
 inline constexpr std::string_view kTestingShare = "TestingShare";
 /// What they were drawn with.
