@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kBatchSize = std::size_t{2} << 20;
 constexpr std::size_t kLargestRecord = std::size_t{1} << 20;
-constexpr std::size_t kFewestRecords = 64;  // fewer are bound sooner than an image is attached
+constexpr std::size_t kFewestRecords = 32;  // fewer are bound sooner than an image is attached
 
 void RequireFinite(double number) {
   if (std::isinf(number)) {
