@@ -238,7 +238,8 @@ TEST_F(RecordAppender, IsSeenByAReaderThatIsOpen) {
   connection_->BeginTrans();
   const Ref<IDataReader> reader = connection_->ExecuteReader("SELECT row FROM n");
   ASSERT_TRUE(reader->Read());
-  AppendMany(*Appender("n"), 2, 100);
+  const Ref<IRecordAppender> appender = Appender("n");
+  AppendMany(*appender, 2, 100);
   int last = 0;
   while (reader->Read()) last = reader->GetInteger(0);
   EXPECT_EQ(last, 101);
@@ -247,14 +248,18 @@ TEST_F(RecordAppender, IsSeenByAReaderThatIsOpen) {
 
 TEST_F(RecordAppender, WritesThePendingChangesOfRecordSetsFirst) {
   AppendMany(*Appender("n"), 1, 3);
+  Execute("CREATE TABLE log (a FLOAT)");
+  Execute(
+      "CREATE TRIGGER g AFTER INSERT ON n BEGIN"
+      " INSERT INTO log SELECT a FROM n WHERE row = 2; END");
   connection_->BeginTrans();
+  const Ref<IRecordAppender> appender = Appender("n");
   const Ref<IRecordSet> records = Open("SELECT * FROM n");
   records->MoveTo(2, 0);
   records->SetField(0, 77.0);
-  AppendMany(*Appender("n"), 4, 100);
-  EXPECT_EQ(Listed("SELECT a FROM n WHERE row = 2"), "77");
+  AppendMany(*appender, 4, 1);
+  EXPECT_EQ(Listed("SELECT a FROM log"), "77");
   connection_->CommitTrans();
-  EXPECT_EQ(Listed("SELECT count(*) FROM n"), "103");
 }
 
 TEST_F(RecordAppender, FeedsTwoTablesInTurn) {
