@@ -249,6 +249,7 @@ class FileSurveyor {
            file_.notes.empty() && !file_.source->IsCompressed() &&
            dialect.has_header == (survey.label_lines != 0) &&
            std::all_of(file_.labels.begin(), file_.labels.end(), IsPlainLabel) &&
+           file_.source->Bytes().find('"') == std::string_view::npos &&
            HasUsualLineEnds(file_.source->Bytes());
   }
 

@@ -233,6 +233,7 @@ class LoadTest(HostCase):
         self.assertEqual(query(self.run_path, "SELECT d0 FROM OriginalData"), [('"x"',), ("y",)])
 
     def test_numbers_in_quotes_are_numbers(self):
+        self.assertEqual(self.load('"a","b"\n1,2\n5,6\n')["labels"], ["a", "b"])
         self.assertIsNone(self.load('a,b\n"1","2"\n"3","4"\n')["preparation"])
         self.assertEqual(self.show()["rows"], [[1, 2], [3, 4]])
 
