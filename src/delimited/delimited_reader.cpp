@@ -214,7 +214,7 @@ void DelimitedReader::TakeAnyRecord(FieldBlock& block) {
 void DelimitedReader::Commit(FieldBlock& block) {
   block.Commit(line_);
   ++counts_.records;
-  if (gap_line_ != 0 && counts_.first_gap == 0) counts_.first_gap = gap_line_;
+  counts_.first_gap = gap_line_;
 }
 
 /// Goes behind the record that `SplitNext` has found.

@@ -77,7 +77,7 @@ class DelimitedReader {
   std::size_t fast_to_ = 0;           // and how far it looked
   std::int64_t line_ = 1;             // where the next record begins
   std::int64_t window_line_ = 1;      // where the window begins
-  std::int64_t gap_line_ = 0;         // of the first empty line since the last record
+  std::int64_t gap_line_ = 0;         // the first empty line behind a record
   std::int64_t invalid_line_ = 0;
   std::int64_t nul_line_ = 0;
   bool is_finished_ = false;
