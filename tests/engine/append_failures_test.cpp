@@ -1,5 +1,6 @@
 // What becomes of appended records when the disk is full or the program dies.
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <filesystem>
 #include <string>
@@ -97,6 +98,39 @@ TEST_F(AppendFailures, AProgramThatDiesLeavesTheRunAsItWas) {
   EXPECT_EQ(tslm5::Listed(ConnectionOf(run), kFigures), "1 7.0");
   EXPECT_EQ(tslm5::Listed(ConnectionOf(run), "PRAGMA integrity_check"), "ok");
   connection_->RollbackTrans();
+}
+
+TEST_F(AppendFailures, ShortMemoryLosesNoRecordInSilence) {
+  constexpr sqlite3_int64 kStep = 16 * 1024;
+  bool has_failed = false;
+  bool has_succeeded = false;
+  for (sqlite3_int64 room = 0; !has_succeeded && room < 400 * kStep; room += kStep) {
+    SCOPED_TRACE(room);
+    Ref<IRecordAppender> appender;
+    connection_->BeginTrans();
+    sqlite3_hard_heap_limit64(sqlite3_memory_used() + room);
+    const int number = RaisedNumber([&] {
+      appender = Appender();
+      AppendMany(*appender, 2, 5000);
+      appender->Flush();
+    });
+    sqlite3_hard_heap_limit64(0);
+    appender.Reset();
+    if (number == 0) {
+      connection_->CommitTrans();
+      EXPECT_EQ(Listed("SELECT count(*) FROM n"), "5001");
+      has_succeeded = true;
+    } else {
+      EXPECT_EQ(number & 0xFF, 7);
+      EXPECT_NE(RaisedNumber([&] { connection_->CommitTrans(); }), 0);
+      connection_->RollbackTrans();
+      EXPECT_EQ(Listed(kFigures), "1 7.0");
+      has_failed = true;
+    }
+  }
+  EXPECT_TRUE(has_failed);
+  EXPECT_TRUE(has_succeeded);
+  EXPECT_EQ(Listed("PRAGMA integrity_check"), "ok");
 }
 
 TEST_F(AppendFailures, ATransactionThatTheDatabaseLostTakesTheRecordsAlong) {
