@@ -55,6 +55,17 @@ inline bool ReadExponent(const char* number, unsigned from, unsigned size, unsig
   return true;
 }
 
+/// The first `count` <= 8 digits at `from`, of which eight bytes are read.
+inline std::uint64_t ReadUpToEight(const char* from, unsigned count) {
+  constexpr std::uint64_t kDigitValues = 0x0F0F0F0F0F0F0F0F;
+  const auto text = number_text_internal::LoadWord<std::uint64_t>(from);
+  const std::uint64_t any = -std::uint64_t{count != 0};
+  return number_text_internal::EightDigits(text << (64 - 8 * count) % 64 & any & kDigitValues);
+}
+
+inline constexpr std::uint64_t kTens[] = {1,      10,      100,      1000,     10000,
+                                          100000, 1000000, 10000000, 100000000};
+
 /// The `count` digits among the first characters of a number as one whole number; at `gap` stands
 /// the decimal separator, which is left out, or nothing does when it `has_none`. `size` is that of
 /// both together. No branch asks whether there is one.
@@ -68,6 +79,9 @@ inline std::uint64_t ReadDigits(const char* number, unsigned size, unsigned gap,
         ((std::uint64_t{1} << (8 * gap % 64)) - 1) | -std::uint64_t{has_none};
     const std::uint64_t closed = (text & before) | (text >> 8 & ~before);
     return EightDigits(closed << (8 * (8 - count)) & kDigitValues);
+  }
+  if (const unsigned behind = count - gap; gap <= 8 && behind <= 8) {
+    return ReadUpToEight(number, gap) * kTens[behind] + ReadUpToEight(number + gap + 1, behind);
   }
   const auto text = LoadWord<Characters>(number);
   const Characters before = ((Characters{1} << (8 * gap % 128)) - 1) | -Characters{has_none};

@@ -18,9 +18,23 @@ RecordConverter::RecordConverter(std::string_view text, std::string_view separat
       walker_(text, separator, columns),
       parts_(static_cast<std::size_t>(columns)) {}
 
+std::string_view RecordConverter::Next(double* cells) {
+  constexpr std::int32_t kFewColumns = 5;  // with fewer, the second pass costs more than it saves
+  return columns_ < kFewColumns ? NextInOnePass(cells) : NextInTwoPasses(cells);
+}
+
+std::string_view RecordConverter::NextInOnePass(double* cells) {
+  std::string_view last_field;
+  const auto take = [this, cells](std::int32_t column, const char* first, const char* last) {
+    return ReadNumber(first, last, walker_.TextEnd(), decimal_, cells[column]);
+  };
+  if (!walker_.Next(last_field, take)) RefuseLine();
+  return last_field;
+}
+
 /// First the fields are read, then all of them made doubles: the divisions of a record, which take
 /// their time, wait neither for each other nor for the reading.
-std::string_view RecordConverter::Next(double* cells) {
+std::string_view RecordConverter::NextInTwoPasses(double* cells) {
   std::string_view last_field;
   others_.clear();
   delimited::ExactParts* const parts = parts_.data();
@@ -33,7 +47,6 @@ std::string_view RecordConverter::Next(double* cells) {
                                    parts[column])) {
       return true;
     }
-    parts[column] = {};
     return TakeOther(column, first, last);
   };
   if (!walker_.Next(last_field, take)) RefuseLine();

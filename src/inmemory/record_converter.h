@@ -28,6 +28,8 @@ class RecordConverter {
     double value;
   };
 
+  std::string_view NextInOnePass(double* cells);
+  std::string_view NextInTwoPasses(double* cells);
   bool TakeOther(std::int32_t column, const char* first, const char* last);
   [[noreturn]] void RefuseLine() const;
 
