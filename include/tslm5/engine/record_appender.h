@@ -12,10 +12,16 @@ namespace tslm5 {
 
 /// A cell of a record that is to be appended.
 struct RecordCell {
-  enum class Kind : std::int32_t { kNull, kNumber, kText };
-  Kind kind = Kind::kNull;
-  double number = 0.0;    ///< finite, or NaN for NULL
-  std::string_view text;  ///< UTF-8 without a NUL character; need not outlive the call
+  /// What a cell holds.
+  enum class Kind : std::int32_t {
+    kNull,    ///< nothing
+    kNumber,  ///< `number`
+    kText,    ///< `text`
+  };
+
+  Kind kind = Kind::kNull;  ///< which of the two below counts, if any
+  double number = 0.0;      ///< finite, or NaN for NULL
+  std::string_view text;    ///< UTF-8 without a NUL character; need not outlive the call
 };
 
 /// Appends records to one table, and does for each what an INSERT of the same values does. They
