@@ -28,7 +28,8 @@ FLOORS = {
     "datasetlite": 8,
     "inmemory": 8,
     "original": 8,
-    "component": 9,
+    "preparation": 9,
+    "component": 10,
 }
 
 # The rooms of the host, likewise. What stands in host/ itself is above them all.

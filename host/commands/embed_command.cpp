@@ -5,12 +5,17 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <vector>
 
-#include "host/preparation/embed_run.h"
+#include "host/preparation/run_history.h"
+#include "host/preparation/run_session.h"
+#include "host/preparation/statistics_feedback.h"
 #include "host/program/common_options.h"
+#include "host/program/failure.h"
 #include "host/program/json_text.h"
 #include "host/program/shown_text.h"
 #include "host/program/terminal.h"
+#include "tslm5/contracts/codes.h"
 
 namespace tslm5::host {
 namespace {
@@ -28,8 +33,8 @@ constexpr const char* kEmbedExamples =
 constexpr std::int32_t kMaxDimension = 1998;  // with the response, what a data table takes
 
 std::string Holds(const EmbedOptions& options, std::int32_t column) {
-  if (column == options.dimension) return "the value itself (the response)";
-  const std::int64_t lag = LagOf(options, column);
+  if (column == options.embedding.dimension) return "the value itself (the response)";
+  const std::int64_t lag = options.embedding.LagOf(column);
   return fmt::format("the value {} before", lag);
 }
 
@@ -37,7 +42,48 @@ std::string Values(std::int64_t count) {
   return fmt::format("{} {}", count, count == 1 ? "value" : "values");
 }
 
-std::string EmbedText(const EmbedOptions& options, const EmbeddedRun& embedded) {
+/// How many values between the testing samples are used nowhere.
+std::int64_t UnusedValues(const EmbedOptions& options) {
+  const EmbeddingOptions& embedding = options.embedding;
+  return std::max<std::int64_t>(0, embedding.TestingSpan() - embedding.testing_samples);
+}
+
+std::vector<std::string> WarningsOf(const EmbeddingResult& embedded) {
+  if (!embedded.has_dropped_backup) return {};
+  return {"the reset of before can no longer be undone"};
+}
+
+/// The words of the command line that embeds the same again.
+std::vector<std::string> WordsOf(const EmbedOptions& options) {
+  std::vector<std::string> words = {"embed",       std::string(kRunWord),
+                                    "--dimension", fmt::format("{}", options.embedding.dimension),
+                                    "--delay",     fmt::format("{}", options.embedding.delay)};
+  if (options.embedding.testing_samples > 0) {
+    words.insert(words.end(),
+                 {"--testing-samples", fmt::format("{}", options.embedding.testing_samples)});
+  }
+  return words;
+}
+
+EmbeddingResult Embed(const EmbedOptions& options) {
+  const RunSession session(options.run, RunOptions::Mode::kReadWrite);
+  if (!session.Sets().HasSet(data_set_type::kTraining)) {
+    throw Failure(ExitCode::kTrouble,
+                  fmt::format("{} has no training set (tslm5 load FILE --run RUN.db "
+                              "--problem timeseries loads a series)",
+                              Escaped(options.run)));
+  }
+  Transaction transaction(session);
+  EmbeddingResult embedded;
+  PrepareWithProgress([&](IFeedback* feedback) {
+    session.Preparation().As<IRunEmbedding>()->Embed(options.embedding, WordsOf(options), feedback,
+                                                     embedded);
+  });
+  transaction.Commit();
+  return embedded;
+}
+
+std::string EmbedText(const EmbedOptions& options, const EmbeddingResult& embedded) {
   std::string text =
       fmt::format("{} is embedded: {} of {} columns\n", Escaped(options.run),
                   embedded.records == 1 ? "1 record" : fmt::format("{} records", embedded.records),
@@ -48,39 +94,39 @@ std::string EmbedText(const EmbedOptions& options, const EmbeddedRun& embedded) 
   for (const std::string& label : embedded.labels) {
     text += fmt::format("  {:<{}}  {}\n", label, width, Holds(options, column++));
   }
-  text +=
-      fmt::format("lost       {} at the start, which are inputs only\n", Values(LagOf(options, 0)));
-  if (options.testing_samples == 0) return text;
+  text += fmt::format("lost       {} at the start, which are inputs only\n",
+                      Values(options.embedding.LagOf(0)));
+  if (options.embedding.testing_samples == 0) return text;
   text += fmt::format("testing    {} samples, {} apart, in the set time-series-testing\n",
-                      options.testing_samples, Values(options.delay));
+                      options.embedding.testing_samples, Values(options.embedding.delay));
   const std::int64_t unused = UnusedValues(options);
   if (unused > 0) text += fmt::format("unused     {} between the samples\n", Values(unused));
   return text;
 }
 
-std::string EmbedJson(const EmbedOptions& options, const EmbeddedRun& embedded) {
+std::string EmbedJson(const EmbedOptions& options, const EmbeddingResult& embedded) {
   nlohmann::ordered_json columns = nlohmann::ordered_json::array();
   std::int32_t column = 0;
   for (const std::string& label : embedded.labels) {
-    columns.push_back({{"label", label}, {"lag", LagOf(options, column++)}});
+    columns.push_back({{"label", label}, {"lag", options.embedding.LagOf(column++)}});
   }
   return JsonText({{"run", options.run},
-                   {"dimension", options.dimension},
-                   {"delay", options.delay},
+                   {"dimension", options.embedding.dimension},
+                   {"delay", options.embedding.delay},
                    {"values", embedded.series_rows},
                    {"rows", embedded.records},
                    {"columns", std::move(columns)},
-                   {"lostAtStart", LagOf(options, 0)},
-                   {"testingSamples", options.testing_samples},
+                   {"lostAtStart", options.embedding.LagOf(0)},
+                   {"testingSamples", options.embedding.testing_samples},
                    {"unused", UnusedValues(options)},
-                   {"warnings", embedded.warnings}});
+                   {"warnings", WarningsOf(embedded)}});
 }
 
 }  // namespace
 
 void RunEmbed(const EmbedOptions& options, Output& output) {
-  const EmbeddedRun embedded = EmbedRun(options);
-  for (const std::string& warning : embedded.warnings) Warn(warning);
+  const EmbeddingResult embedded = Embed(options);
+  for (const std::string& warning : WarningsOf(embedded)) Warn(warning);
   output.NoteDone("the series is embedded");
   output.Write(options.json ? EmbedJson(options, embedded) : EmbedText(options, embedded));
 }
@@ -112,9 +158,9 @@ void AddEmbedCommand(CommandSpec& app, Invocation& invocation) {
     constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
     EmbedOptions options;
     options.run = RunName(words->run);
-    options.dimension = ParseWhole("--dimension", words->dimension, 1, kMaxDimension);
-    options.delay = ParseWhole("--delay", words->delay, 1, kMost);
-    options.testing_samples = ParseWhole("--testing-samples", words->samples, 0, kMost);
+    options.embedding.dimension = ParseWhole("--dimension", words->dimension, 1, kMaxDimension);
+    options.embedding.delay = ParseWhole("--delay", words->delay, 1, kMost);
+    options.embedding.testing_samples = ParseWhole("--testing-samples", words->samples, 0, kMost);
     options.json = words->json;
     return options;
   };

@@ -1,10 +1,18 @@
 #ifndef TSLM5_HOST_COMMANDS_EMBED_COMMAND_H_
 #define TSLM5_HOST_COMMANDS_EMBED_COMMAND_H_
 
-#include "host/preparation/embed_run.h"
+#include <string>
+
 #include "host/program/invocation.h"
+#include "tslm5/preparation/run_embedding.h"
 
 namespace tslm5::host {
+
+struct EmbedOptions {
+  std::string run;
+  EmbeddingOptions embedding;
+  bool json = false;
+};
 
 /// `tslm5 embed`.
 void AddEmbedCommand(CommandSpec& app, Invocation& invocation);

@@ -3,21 +3,19 @@
 #include <fmt/format.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "host/preparation/run_change.h"
 #include "host/preparation/run_history.h"
-#include "host/preparation/run_metadata.h"
 #include "host/preparation/run_session.h"
-#include "host/preparation/series_labels.h"
 #include "host/preparation/statistics_feedback.h"
 #include "host/program/common_options.h"
 #include "host/program/failure.h"
-#include "host/program/interruption.h"
 #include "host/program/json_text.h"
-#include "host/program/progress.h"
 #include "host/program/shown_text.h"
-#include "tslm5/contracts/codes.h"
-#include "tslm5/contracts/time_series.h"
+#include "tslm5/platform/error.h"
+#include "tslm5/preparation/run_reset.h"
 
 namespace tslm5::host {
 namespace {
@@ -33,75 +31,33 @@ constexpr const char* kResetExamples =
     "reset makes the testing records the training set; undo restores the former training set, and\n"
     "keep makes the reset final.\n";
 
-struct ResetRun {
-  std::int32_t rows = 0;
-  std::int32_t columns = 0;
-  std::int32_t backup_rows = 0;         ///< after the step
-  std::int32_t former_backup_rows = 0;  ///< before it
-};
-
 const char* NameOf(Step step) {
   return step == Step::kReset ? "reset" : step == Step::kUndo ? "undo" : "keep";
 }
 
-void Reset(const RunSession& session, const ResetOptions& options,
-           const Ref<ITimeSeriesChanges>& changes) {
-  const std::string run = Escaped(options.run);
-  if (!session.Sets().HasSet(data_set_type::kTesting)) {
-    Refuse(fmt::format("{} has no testing set, so there is nothing to reset the training set to",
-                       run));
+ResetResult Perform(const RunSession& session, const ResetOptions& options) {
+  RequireTrainingSet(session, options.run);
+  const std::vector<std::string> words = {NameOf(options.step), std::string(kRunWord)};
+  const auto preparation = session.Preparation().As<IRunReset>();
+  ResetResult result;
+  try {
+    PrepareWithProgress([&](IFeedback* feedback) {
+      if (options.step == Step::kReset) preparation->Reset(words, feedback, result);
+      if (options.step == Step::kUndo) preparation->Undo(words, feedback, result);
+      if (options.step == Step::kKeep) preparation->Keep(words, result);
+    });
+  } catch (const Error& error) {
+    if (error.Number() != error_number::kNotPossible) throw;
+    Refuse(fmt::format("{}: {}", Escaped(options.run), error.what()));
   }
-  if (!session.Sets().HasBackup()) {
-    Refuse(
-        fmt::format("{} has no table to keep the training set of before in; load the training "
-                    "set again",
-                    run));
-  }
-  if (changes->ResetTimeSeries()) return;
-  throw Failure(ExitCode::kTrouble, "the reset failed: the run could not be written");
-}
-
-void RequireBackup(const ResetRun& done, const ResetOptions& options) {
-  if (done.former_backup_rows > 0) return;
-  Refuse(fmt::format("{}: nothing to {}: no reset is pending", Escaped(options.run),
-                     NameOf(options.step)));
-}
-
-ResetRun ResetInSession(const RunSession& session, const ResetOptions& options) {
-  const Ref<IDataSet> training = RequireTrainingSet(session, options.run);
-  const Ref<ITimeSeriesChanges> changes = training.As<ITimeSeriesChanges>();
-  ResetRun done;
-  done.former_backup_rows = session.Sets().BackupRows();
-  if (options.step != Step::kReset) RequireBackup(done, options);
-  session.CreateSchema();
-  if (options.step == Step::kReset) Reset(session, options, changes);
-  if (options.step == Step::kUndo) changes->UndoReset();
-  if (options.step == Step::kKeep) changes->ClearReset();
-  done.rows = training->Rows();
-  done.columns = training->Columns();
-  done.backup_rows = session.Sets().BackupRows();
-  if (options.step != Step::kKeep) {
-    const std::int32_t texts = session.Originals().Columns();
-    if (texts > 0 && texts < done.columns) session.Originals().Fit(done.columns);
-    FitLabels(session, *training);
-    session.Figures().DropFigures(data_set_type::kTraining);
-    Progress progress(Terminal::OfStandardError());
-    ComputeStatistics(*training, progress);
-  }
-  HistoryEntry entry;
-  entry.command = NameOf(options.step);
-  entry.set = data_set_type::kTraining;
-  entry.parameters = JsonText({{"rows", done.rows}, {"columns", done.columns}});
-  entry.words = {entry.command, std::string(kRunWord)};
-  WriteHistory(session, entry);
-  return done;
+  return result;
 }
 
 std::string Records(std::int32_t count) {
   return fmt::format("{} {}", count, count == 1 ? "record" : "records");
 }
 
-std::string ResetText(const ResetOptions& options, const ResetRun& done) {
+std::string ResetText(const ResetOptions& options, const ResetResult& done) {
   const std::string run = Escaped(options.run);
   switch (options.step) {
     case Step::kReset:
@@ -118,7 +74,7 @@ std::string ResetText(const ResetOptions& options, const ResetRun& done) {
                      Records(done.former_backup_rows));
 }
 
-std::string ResetJson(const ResetOptions& options, const ResetRun& done) {
+std::string ResetJson(const ResetOptions& options, const ResetResult& done) {
   return JsonText({{"run", options.run},
                    {"step", NameOf(options.step)},
                    {"rows", done.rows},
@@ -141,8 +97,7 @@ void AddStep(CommandSpec& app, Invocation& invocation, Step step, const char* pu
 void RunReset(const ResetOptions& options, Output& output) {
   const RunSession session(options.run, RunOptions::Mode::kReadWrite);
   Transaction transaction(session);
-  const ResetRun done = ResetInSession(session, options);
-  StopIfInterrupted();
+  const ResetResult done = Perform(session, options);
   transaction.Commit();
   output.NoteDone("the run is changed");
   output.Write(options.json ? ResetJson(options, done) : ResetText(options, done));

@@ -1,5 +1,7 @@
 #include "host/preparation/run_metadata.h"
 
+#include "tslm5/contracts/codes.h"
+
 namespace tslm5::host {
 
 std::vector<std::string> LabelsOf(IDataSet& data_set) {
@@ -15,6 +17,12 @@ std::vector<std::string> LabelsOf(IDataSet& data_set) {
 void ForgetFormerSet(const RunSession& session, std::int32_t type) {
   session.Columns().DropLabels(type);
   session.Figures().DropFigures(type);
+}
+
+void DropTestingSamples(const RunSession& session) {
+  if (!session.Sets().HasSet(data_set_type::kTimeSeriesTesting)) return;
+  session.Sets().DropSet(data_set_type::kTimeSeriesTesting);
+  ForgetFormerSet(session, data_set_type::kTimeSeriesTesting);
 }
 
 }  // namespace tslm5::host

@@ -16,6 +16,9 @@ std::vector<std::string> LabelsOf(IDataSet& data_set);
 /// statistics.
 void ForgetFormerSet(const RunSession& session, std::int32_t type);
 
+/// Takes the testing samples of a former embedding away. REQUIRES: no set of the run is open.
+void DropTestingSamples(const RunSession& session);
+
 }  // namespace tslm5::host
 
 #endif  // TSLM5_HOST_PREPARATION_RUN_METADATA_H_

@@ -131,10 +131,6 @@ void WriteProblem(const RunSession& session, std::int32_t problem) {
   session.Parameters().WriteWhole(parameter_space::kGeneral, run_parameter::kProblem, problem);
 }
 
-void WriteEmbeddedFigures(const RunSession& session, std::int32_t columns) {
-  if (session.Figures().HasScaleFigures()) session.Figures().ComputeScaleFigures(columns);
-}
-
 void ForgetPreparation(const RunSession& session) {
   session.Categories().WriteCategories({});
   session.Categories().DropEncoding();

@@ -46,9 +46,6 @@ RunScale ReadScale(const RunSession& session);
 std::int32_t ReadProblem(const RunSession& session);
 void WriteProblem(const RunSession& session, std::int32_t problem);
 
-/// Gives each column of an embedded training set figures of its own, where the series had some.
-void WriteEmbeddedFigures(const RunSession& session, std::int32_t columns);
-
 /// Takes all of it away.
 void ForgetPreparation(const RunSession& session);
 

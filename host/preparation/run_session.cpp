@@ -75,6 +75,12 @@ void RunSession::CreateSchema() const {
   Schema()->CreateSchema(run_.get());
 }
 
+Ref<IRunPreparation> RunSession::Preparation() const {
+  auto preparation = CreateObject<IRunPreparation>(class_id::kRunPreparation);
+  preparation->Open(run_.get());
+  return preparation;
+}
+
 bool RunSession::HasAnswers(IDataSet& data_set, const SetName& set, bool is_loaded) const {
   const std::int32_t columns = sets_->SetColumns(set.type);
   if (!is_loaded) return columns == 0;

@@ -11,6 +11,7 @@
 #include "tslm5/engine/connection_service.h"
 #include "tslm5/engine/open_run.h"
 #include "tslm5/platform/ref.h"
+#include "tslm5/preparation/run_preparation.h"
 #include "tslm5/run/run_catalog.h"
 #include "tslm5/run/run_categories.h"
 #include "tslm5/run/run_columns.h"
@@ -37,6 +38,9 @@ class RunSession {
   std::int32_t SchemaVersion() const;
   /// Makes the tables that the run does not have yet.
   void CreateSchema() const;
+
+  /// What does something to the run that is a step of its history.
+  Ref<IRunPreparation> Preparation() const;
 
   /// The dataset over the table of set `type`; empty when the run has none.
   Ref<IDataSet> OpenDataSet(std::int32_t type) const;

@@ -33,6 +33,21 @@ class StatisticsFeedback final : public CountedObject<IFeedback> {
   Progress& progress_;
 };
 
+/// Has the run prepared by `operation`, which is handed a feedback that shows progress. Raises
+/// `Failure` when Ctrl-C was pressed.
+template <class Operation>
+void PrepareWithProgress(Operation operation) {
+  Progress progress(Terminal::OfStandardError());
+  const auto feedback = MakeObject<StatisticsFeedback>(progress);
+  try {
+    operation(feedback.get());
+  } catch (const Error&) {
+    StopIfInterrupted();
+    throw;
+  }
+  StopIfInterrupted();
+}
+
 /// Computes the statistics of a set. Raises `Failure` when Ctrl-C was pressed.
 inline void ComputeStatistics(IDataSet& data_set, Progress& progress) {
   const auto feedback = MakeObject<StatisticsFeedback>(progress);

@@ -12,7 +12,6 @@
 #include "host/preparation/run_originals.h"
 #include "host/preparation/run_preparation.h"
 #include "host/preparation/run_session.h"
-#include "host/preparation/series_labels.h"
 #include "host/preparation/set_agreement.h"
 #include "host/preparation/statistics_feedback.h"
 #include "host/preparation/store_values.h"

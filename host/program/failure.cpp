@@ -47,6 +47,7 @@ constexpr Meaning kComponentMeanings[] = {
     {error_number::kTableRefused, ExitCode::kRefused, ""},
     {error_number::kMissingResponse, ExitCode::kRefused, ""},
     {error_number::kSingleClass, ExitCode::kRefused, ""},
+    {error_number::kNotPossible, ExitCode::kRefused, ""},
 };
 
 template <std::size_t N>

@@ -9,6 +9,7 @@
 #include "inmemory/in_memory_set.h"
 #include "original/original_data_set.h"
 #include "platform/only_errors.h"
+#include "preparation/run_preparation_object.h"
 #include "run/run_catalog_object.h"
 #include "storage/run_tables.h"
 #include "tslm5/platform/object.h"
@@ -34,6 +35,7 @@ constexpr PublicClass kClasses[] = {
     {"RecordParsedEventArgs", class_id::kRecordParsedEventArgs,
      [] { return Ref<IUnknown>(MakeRecordParsedEventArgs()); }},
     {"RunCatalog", class_id::kRunCatalog, MakeRunCatalog},
+    {"RunPreparation", class_id::kRunPreparation, MakeRunPreparation},
     {"RunSchema", class_id::kRunSchema, [] { return Ref<IUnknown>(MakeRunSchema()); }},
     {"DelimitedReader", class_id::kDelimitedReader,
      [] { return Ref<IUnknown>(delimited::MakeReaderObject()); }},

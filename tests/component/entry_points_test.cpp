@@ -13,6 +13,7 @@
 #include "tslm5/contracts/event_args.h"
 #include "tslm5/contracts/run_schema.h"
 #include "tslm5/engine/connection_service.h"
+#include "tslm5/preparation/run_preparation.h"
 #include "tslm5/run/run_catalog.h"
 
 namespace tslm5 {
@@ -31,6 +32,7 @@ constexpr PublicClass kClasses[] = {
     {class_id::kParseEventArgs, "ParseEventArgs", IParseEventArgs::kId},
     {class_id::kRecordParsedEventArgs, "RecordParsedEventArgs", IRecordParsedEventArgs::kId},
     {class_id::kRunCatalog, "RunCatalog", IRunCatalog::kId},
+    {class_id::kRunPreparation, "RunPreparation", IRunPreparation::kId},
     {class_id::kRunSchema, "RunSchema", IRunSchema::kId},
     {class_id::kDelimitedReader, "DelimitedReader", IDelimitedReader::kId},
     {class_id::kDataCheck, "DataCheck", IDataCheck::kId},

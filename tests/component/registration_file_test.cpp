@@ -44,7 +44,7 @@ TEST(RegistrationText, NamesTheLibraryAndEveryClass) {
   EXPECT_NE(text.find("\nlibrary /some where/lib.so\n"), std::string::npos) << text;
   for (const char* name :
        {"DataSetLite", "InMemorySet", "OriginalDataSet", "ParseEventArgs", "RecordParsedEventArgs",
-        "RunCatalog", "RunSchema", "DelimitedReader", "DataCheck"}) {
+        "RunCatalog", "RunPreparation", "RunSchema", "DelimitedReader", "DataCheck"}) {
     EXPECT_NE(text.find("\nclass " + std::string(name) + " "), std::string::npos) << text;
   }
   EXPECT_NE(text.find("class InMemorySet 54534c4d350000c2-8a1f4c0b6d2e73c2\n"), std::string::npos);

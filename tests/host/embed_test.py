@@ -159,8 +159,8 @@ class EmbedTest(HostCase):
              "embedded"),
             ("a\nx\ny\nx\n", ("--problem", "timeseries", "--labels"), "the series holds words, which were coded; "
              "only numbers can be embedded"),
-            ("a\n1\n0\n1\n", ("--problem", "classification"), "the run is for classification; load "
-             "the series with --problem timeseries"),
+            ("a\n1\n0\n1\n", ("--problem", "classification"), "the run is for another problem; "
+             "load the series for a time series"),
             (numbers(1, 30), ("--testing-share", "0.3"), "the training set is no series: the testing "
              "records were drawn from among its values"),
         ]  # fmt: skip

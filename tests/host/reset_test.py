@@ -150,7 +150,7 @@ class ResetTest(HostCase):
         self.run_path.unlink()
         self.load("value\n1\n2\n")
         self.refused(
-            f"{self.run_path} has no testing set, so there is nothing to reset the training set to",
+            f"{self.run_path}: there is no testing set, so there is nothing to reset the training set to",
             "reset",
             self.run_path,
         )

@@ -18,6 +18,7 @@ FACETS = {
     "InMemorySet": "src/inmemory/in_memory_set.cpp",
     "OriginalDataSet": "src/original/original_data_set.cpp",
     "RunCatalog": "src/run/run_catalog_object.cpp",
+    "RunPreparation": "src/preparation/run_preparation_object.cpp",
 }
 
 RESULTS = {

@@ -26,6 +26,8 @@ inline constexpr Uuid kDelimitedReader{0x54534c4d350000c7ULL, 0x8a1f4c0b6d2e73c7
 inline constexpr Uuid kRunCatalog{0x54534c4d350000c8ULL, 0x8a1f4c0b6d2e73c8ULL};
 /// A check of delimited text before it is loaded.
 inline constexpr Uuid kDataCheck{0x54534c4d350000c9ULL, 0x8a1f4c0b6d2e73c9ULL};
+/// What is done to a run after it was loaded.
+inline constexpr Uuid kRunPreparation{0x54534c4d350000caULL, 0x8a1f4c0b6d2e73caULL};
 }  // namespace class_id
 
 /// A class object: makes the objects of one class.

@@ -57,6 +57,10 @@ inline constexpr std::int32_t kMissingResponse = 41025;  ///< a record without a
 inline constexpr std::int32_t kSingleClass = 41026;      ///< one response alone in training data
 /// A categorical column of more than 10,000 texts.
 inline constexpr std::int32_t kTooManyCategories = 41027;
+/// A run that is not in a state for the operation.
+inline constexpr std::int32_t kNotPossible = 41028;
+/// The caller's feedback stopped an operation, of which nothing was done.
+inline constexpr std::int32_t kStopped = 41029;
 /// An operation that the class does not have.
 inline constexpr std::int32_t kNotImplemented = -10000;
 

@@ -1,8 +1,11 @@
-// The faces of the run catalogue.
+// The faces of the run catalogue and of the preparation of a run.
 
 #include <gtest/gtest.h>
 
 #include "contracts/slots/slot_of.h"
+#include "tslm5/preparation/run_embedding.h"
+#include "tslm5/preparation/run_preparation.h"
+#include "tslm5/preparation/run_reset.h"
 #include "tslm5/run/run_catalog.h"
 #include "tslm5/run/run_categories.h"
 #include "tslm5/run/run_columns.h"
@@ -71,6 +74,18 @@ TEST(RunSlots, RunOriginals) {
                              &IRunOriginals::OpenTexts, &IRunOriginals::OpenRecords,
                              &IRunOriginals::OpenTrainingColumn, &IRunOriginals::WriteEmbedded,
                              &IRunOriginals::TakeEmbedded);
+}
+
+TEST(RunSlots, RunPreparation) {
+  ExpectSlots<IRunPreparation>(&IRunPreparation::Open);
+}
+
+TEST(RunSlots, RunReset) {
+  ExpectSlots<IRunReset>(&IRunReset::Reset, &IRunReset::Undo, &IRunReset::Keep);
+}
+
+TEST(RunSlots, RunEmbedding) {
+  ExpectSlots<IRunEmbedding>(&IRunEmbedding::Embed);
 }
 
 }  // namespace
