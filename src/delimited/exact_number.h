@@ -112,8 +112,8 @@ inline double Compose(const ExactParts& parts) {
 /// value; false leaves the answer to `ParseNumber`. Hardly a branch depends on the number, so that
 /// mixed ones cost no more than uniform ones.
 /// REQUIRES: [first, first + kExactNumberReads) can be read.
-inline bool ParseExactParts(const char* first, std::size_t length, char decimal,
-                            ExactParts& parts) {
+[[gnu::always_inline]] inline bool ParseExactParts(const char* first, std::size_t length,
+                                                   char decimal, ExactParts& parts) {
   using namespace exact_number_internal;
   if constexpr (std::endian::native != std::endian::little) return false;
   const bool is_negative = *first == '-';
