@@ -37,10 +37,10 @@ enum class CheckCode : std::int32_t {
 /// One thing that keeps a text from being loaded. Lines, records and columns are numbered from 1;
 /// 0 where the finding has none.
 struct DataCheckFinding {
-  CheckCode code = CheckCode::kNoFirstLine;
-  std::int64_t line = 0;    ///< of the file, the label line and empty lines counted
-  std::int64_t record = 0;  ///< without them
-  std::int64_t column = 0;
+  CheckCode code = CheckCode::kNoFirstLine;  ///< what it is
+  std::int64_t line = 0;             ///< of the file, the label line and empty lines counted
+  std::int64_t record = 0;           ///< without them
+  std::int64_t column = 0;           ///< of the record
   std::optional<std::string> label;  ///< what the label line says of the column, where it does
   std::string value;    ///< the field, or the line of a `kFieldCount`; its first 200 bytes or fewer
   std::string message;  ///< the words of `IDataSet::IsValidDataSet` for it
@@ -48,9 +48,9 @@ struct DataCheckFinding {
 
 /// What to check, and what to look for.
 struct DataCheckOptions {
-  std::string path;
-  std::int32_t separator = separator_code::kComma;
-  bool has_labels = true;
+  std::string path;                                 ///< of the text
+  std::int32_t separator = separator_code::kComma;  ///< `separator_code`
+  bool has_labels = true;                           ///< the first line holds them
   /// `problem_category`: of classified data every record needs a response.
   std::int32_t problem_category = problem_category::kRegression;
   bool takes_text = false;            ///< a field of `kText` is none to be found
@@ -69,7 +69,7 @@ struct ChangedField {
 
 /// What a check came to. A text is valid when nothing was found and nobody stopped the check.
 struct DataCheckResult {
-  bool is_valid = false;
+  bool is_valid = false;        ///< see above
   bool was_stopped = false;     ///< by the feedback; what was found until then stands
   std::int64_t count = 0;       ///< of all findings, kept or not; at most 1 without `finds_all`
   std::int64_t records = 0;     ///< looked at
@@ -78,9 +78,9 @@ struct DataCheckResult {
   /// Whether every record looked at is nothing but numbers between single separators, and no line
   /// is empty: there is nothing in such a text that one reader could understand in another way.
   bool is_plain = false;
-  std::vector<DataCheckFinding> findings;  ///< the first ones, in the order of the lines
-  std::int64_t changed_count = 0;          ///< fields that lose a tab or a semicolon when loaded
-  std::optional<ChangedField> first_changed;
+  std::vector<DataCheckFinding> findings;     ///< the first ones, in the order of the lines
+  std::int64_t changed_count = 0;             ///< fields that lose a tab or a semicolon when loaded
+  std::optional<ChangedField> first_changed;  ///< the first of them
 };
 
 /// The check of `IDataSet::IsValidDataSet`, its findings as data. A component class of its own

@@ -27,7 +27,7 @@ enum class FindingCode {
 
 /// One thing found, as data.
 struct DelimitedFinding {
-  FindingCode code;
+  FindingCode code;          ///< what it is
   std::int64_t line = 0;     ///< of the file, 1-based; 0 where it concerns the whole text
   std::int64_t column = -1;  ///< 0-based; -1 where it concerns the whole line
   std::string value;         ///< the text in question, cut to 200 bytes

@@ -13,15 +13,16 @@
 
 namespace tslm5 {
 
+/// What a cell is.
 enum class FieldClass : std::uint8_t { kNumber, kMissing, kText };
 
 /// A cell of a table: its text and what it is. A view: `DelimitedBlock` says how long it lives.
 struct DelimitedField {
-  const char* data = nullptr;
-  std::uint32_t size = 0;
-  FieldClass field_class = FieldClass::kMissing;
-  bool is_quoted = false;  ///< quotes stood around it in the file
-  double value = 0.0;      ///< of a number, correctly rounded; of no meaning otherwise
+  const char* data = nullptr;                     ///< of the text
+  std::uint32_t size = 0;                         ///< in bytes
+  FieldClass field_class = FieldClass::kMissing;  ///< what it is
+  bool is_quoted = false;                         ///< quotes stood around it in the file
+  double value = 0.0;  ///< of a number, correctly rounded; of no meaning otherwise
 
   /// Without the blanks around it and, where it was quoted, without the quotes; blanks inside the
   /// quotes are part of it.
@@ -33,10 +34,11 @@ struct DelimitedField {
 struct DelimitedBlock {
   const DelimitedField* fields = nullptr;  ///< record by record, one field a column
   const std::int64_t* lines = nullptr;     ///< of the file, where each record begins, 1-based
-  std::size_t records = 0;
-  std::size_t columns = 0;
-  std::int64_t first_record = 0;  ///< its number in the table, 0-based
+  std::size_t records = 0;                 ///< how many
+  std::size_t columns = 0;                 ///< of each record
+  std::int64_t first_record = 0;           ///< its number in the table, 0-based
 
+  /// The fields of a record of the block, 0-based.
   const DelimitedField* Record(std::size_t record) const { return fields + record * columns; }
 };
 
@@ -50,15 +52,15 @@ struct DelimitedDialect {
   bool has_row_names = false;       ///< the header has no label for the first column
   std::int64_t preamble_lines = 0;  ///< lines before the table
   std::size_t columns = 0;          ///< the fields of a record; 0 where there is none
-  std::string encoding = "UTF-8";
+  std::string encoding = "UTF-8";   ///< by its usual name
 };
 
 /// What of a dialect is set; the rest is found from the data.
 struct DelimitedOptions {
-  std::optional<char> separator = {};
+  std::optional<char> separator = {};   ///< as `DelimitedDialect` has it
   std::optional<bool> has_quotes = {};  ///< true where nothing is set
-  std::optional<char> decimal = {};
-  std::optional<bool> has_header = {};
+  std::optional<char> decimal = {};     ///< the same
+  std::optional<bool> has_header = {};  ///< the same
   /// Lines to be passed over before the table, empty ones included; 0 says that there are none.
   std::optional<std::int64_t> preamble_lines = {};
   /// Without `preamble_lines`: whether lines before the table that were found are no fault.
@@ -98,7 +100,9 @@ class IDelimitedReader : public IUnknown {
   /// `pName` is what a message calls the text. Raises as `OpenFile` does.
   virtual void OpenText(std::string_view pBytes, const std::string& pName,
                         const DelimitedOptions& pOptions) = 0;
+  /// How the text is written, as far as it has been read.
   virtual const DelimitedDialect& Dialect() = 0;
+  /// The labels and where they stand.
   virtual const DelimitedHeader& Header() = 0;
   /// Gives the next records; false, and none, at the end. Raises 75 where the text cannot be read,
   /// 41011 for a record of more than 4 MiB.
@@ -110,6 +114,7 @@ class IDelimitedReader : public IUnknown {
   virtual std::int64_t FindingCount(FindingCode pCode) = 0;
   /// A finding in words, on one line: what and where, why, and what to do about it.
   virtual std::string MessageOf(const DelimitedFinding& pFinding) = 0;
+  /// What was counted so far.
   virtual const DelimitedCounts& Counts() = 0;
 
  protected:

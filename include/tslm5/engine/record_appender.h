@@ -13,6 +13,7 @@ namespace tslm5 {
 /// A cell of a record that is to be appended.
 struct RecordCell {
   /// What a cell holds.
+  /// What it holds.
   enum class Kind : std::int32_t {
     kNull,    ///< nothing
     kNumber,  ///< `number`
