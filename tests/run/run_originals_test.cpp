@@ -101,6 +101,15 @@ TEST_F(RunOriginalsTest, BeginsAnewForWiderRecords) {
   EXPECT_THAT(Rows("OriginalData"), IsEmpty());
 }
 
+TEST_F(RunOriginalsTest, NarrowsTheTableForNarrowerRecords) {
+  MakeSet("TrainingSet", {"1, 1"});
+  MakeSet("TestingSet", {"8, 1"});
+  Originals().Create(2);
+  Append({"a", "b"}, 1);
+  EXPECT_EQ(Originals().MakeRoom(kTesting, 1, 1), 2);
+  EXPECT_THAT(Rows("OriginalData"), ElementsAre("a|1"));
+}
+
 TEST_F(RunOriginalsTest, OpensTextsInTheOrderOfTheSet) {
   MakeSet("TrainingSet", {"1, 1", "2, 2", "3, 3"});
   Originals().Create(2);
