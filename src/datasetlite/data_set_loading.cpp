@@ -106,6 +106,7 @@ bool DataSetLoading::SetData(IUnknown* source, std::int32_t data_set_type) {
 
   const Ref<IParseEventArgs> arguments = MakeParseEventArgs();
   SetGuard before(state_);
+  bool is_stored = false;
   try {
     Transaction transaction(*connection);
     Empty(*records, data_set_type);
@@ -115,7 +116,7 @@ bool DataSetLoading::SetData(IUnknown* source, std::int32_t data_set_type) {
       sink.BeforeDataLoad(state_.sender, arguments.get());
     });
     if (arguments->Cancel()) {
-      transaction.Commit();
+      transaction.Commit([&is_stored] { is_stored = true; });
       return false;
     }
     if (state_.run != before.Run()) {
@@ -123,16 +124,26 @@ bool DataSetLoading::SetData(IUnknown* source, std::int32_t data_set_type) {
                   "A handler attached the set to another run while it was being loaded.");
     }
     Filled filled = Fill(*records, extra.get());
-    transaction.Commit();
-    TakeOver(std::move(filled));
+    transaction.Commit([&] {
+      TakeOver(std::move(filled));
+      is_stored = true;
+    });
   } catch (...) {
-    before.Restore();
-    Finish(*arguments, kFailed);
+    if (!is_stored) {
+      before.Restore();
+      Finish(*arguments, kFailed);
+    } else if (!arguments->Cancel()) {
+      Conclude(*arguments);
+    }
     throw;
   }
-  Finish(*arguments, "Data load succeded.");
-  state_.is_ready = true;
+  Conclude(*arguments);
   return true;
+}
+
+void DataSetLoading::Conclude(IParseEventArgs& arguments) {
+  Finish(arguments, "Data load succeded.");
+  state_.is_ready = true;
 }
 
 /// The old table object stays as it is, for the case that its rows come back.
@@ -176,7 +187,7 @@ DataSetLoading::Filled DataSetLoading::Fill(IDataSet& source, IExtraSet* extra) 
   return filled;
 }
 
-void DataSetLoading::TakeOver(Filled filled) {
+void DataSetLoading::TakeOver(Filled filled) noexcept {
   state_.has_labels = filled.has_labels;
   state_.labels = std::move(filled.labels);
   state_.table = std::move(filled.table);

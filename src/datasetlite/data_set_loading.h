@@ -39,7 +39,8 @@ class DataSetLoading {
 
   void Empty(IDataSet& source, std::int32_t data_set_type);
   Filled Fill(IDataSet& source, IExtraSet* extra);
-  void TakeOver(Filled filled);
+  void TakeOver(Filled filled) noexcept;
+  void Conclude(IParseEventArgs& arguments);
   Ref<TableLite> NewTable() const;
   void Finish(IParseEventArgs& arguments, std::string_view message);
 

@@ -120,14 +120,24 @@ void FileLoading::Load(const Kind& kind, std::string_view file_name, std::int32_
     const PreparedText rows = PrepareText(ReadFile(file_name, kind.source), separator_text,
                                           has_labels, layout, kind.source);
     SetLabels(rows, separator_text, kind);
-    outcome = LoadRows(kind, rows, file_name, arguments);
+    LoadRows(kind, rows, file_name, arguments, outcome);
   } catch (...) {
-    settings.Restore();
-    Finish(arguments, kind.failed);
+    if (outcome == Outcome::kNotBegun) {
+      settings.Restore();
+      Finish(arguments, kind.failed);
+    } else {  // stored, though unsynced
+      settings.Keep();
+      Conclude(kind, outcome, arguments);
+    }
     throw;
   }
   if (outcome == Outcome::kLoaded || outcome == Outcome::kEmptied) settings.Keep();
   settings.Restore();
+  Conclude(kind, outcome, arguments);
+}
+
+/// Tells how a load that raised nothing of its own has ended.
+void FileLoading::Conclude(const Kind& kind, Outcome outcome, IParseEventArgs& arguments) {
   if (outcome == Outcome::kUndone || outcome == Outcome::kEmptied) {
     return Finish(arguments, kind.failed);
   }
@@ -157,14 +167,14 @@ void FileLoading::SetLabels(const PreparedText& rows, std::string_view separator
   state_.labels = state_.has_labels ? std::move(labels) : std::vector<std::string>();
 }
 
-FileLoading::Outcome FileLoading::LoadRows(const Kind& kind, const PreparedText& rows,
-                                           std::string_view file_name, IParseEventArgs& arguments) {
+void FileLoading::LoadRows(const Kind& kind, const PreparedText& rows, std::string_view file_name,
+                           IParseEventArgs& arguments, Outcome& outcome) {
   arguments.put_Rows(static_cast<std::int32_t>(TextCleanup::CountLines(rows.text)));
   arguments.put_Columns(rows.columns);
   state_.sinks.Fire([this, &arguments](IDataSetLiteEvents& sink) {
     sink.BeforeDataLoad(state_.sender, &arguments);
   });
-  if (arguments.Cancel()) return Outcome::kNotBegun;
+  if (arguments.Cancel()) return;
 
   const std::string_view records = WithoutEmptyRowsAtEnd(rows.text);
   if (records.empty()) {
@@ -173,10 +183,10 @@ FileLoading::Outcome FileLoading::LoadRows(const Kind& kind, const PreparedText&
   }
   RequireTable(state_.data_set_type, rows.columns, kind.source);
   if (!rows.refusal.empty()) throw Error(error_number::kInvalidData, kind.source, rows.refusal);
-  return Fill(records, rows.columns);
+  Fill(records, rows.columns, outcome);
 }
 
-FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t columns) {
+void FileLoading::Fill(std::string_view rows, std::int32_t columns, Outcome& outcome) {
   const Ref<IConnection> connection = ConnectionOf(state_);
   const bool had_table = connection->TableExists(TableName(state_.data_set_type));
   const Ref<TableLite> table = MakeObject<TableLite>();
@@ -189,16 +199,20 @@ FileLoading::Outcome FileLoading::Fill(std::string_view rows, std::int32_t colum
     const ScopedRecordForwarder forwarder(*table, state_.sinks);
     stored = table->ParseText(rows);
   }
-  if (!stored && had_table) return Outcome::kUndone;  // and the earlier rows come back
+  if (!stored && had_table) {
+    outcome = Outcome::kUndone;  // and the earlier rows come back
+    return;
+  }
   table->LoadRecordSet();
   LoadColumnFlags(state_);
   ExtraTable::DropWithData(state_, *connection);
-  transaction.Commit();
-  state_.table = table;
-  state_.cached_columns = columns;
-  state_.statistics.Empty();
-  state_.extra_table.Reset();
-  return stored ? Outcome::kLoaded : Outcome::kEmptied;
+  transaction.Commit([&] {
+    state_.table = table;
+    state_.cached_columns = columns;
+    state_.statistics.Empty();
+    state_.extra_table.Reset();
+    outcome = stored ? Outcome::kLoaded : Outcome::kEmptied;
+  });
 }
 
 void FileLoading::Finish(IParseEventArgs& arguments, std::string_view message) {

@@ -12,7 +12,8 @@ namespace tslm5 {
 
 /// Fills a `DataSetLite` from a delimited text file: `IDataSet::Parse` and `IDataSet::Replace`.
 /// The whole of a load is one transaction. On an error the set serves what it served before, with
-/// its labels, already when `AfterDataLoad` is raised, and the error passes on after that.
+/// its labels, already when `AfterDataLoad` is raised, and the error passes on after that. A load
+/// that is stored but unsynced is done in every respect before `kStoredUnsynced` passes on.
 class FileLoading {
  public:
   explicit FileLoading(DataSetLiteState& state) : state_(state) {}
@@ -40,9 +41,11 @@ class FileLoading {
 
   std::string_view StoreSeparator(std::int32_t separator);
   void SetLabels(const PreparedText& rows, std::string_view separator, const Kind& kind);
-  Outcome LoadRows(const Kind& kind, const PreparedText& rows, std::string_view file_name,
-                   IParseEventArgs& arguments);
-  Outcome Fill(std::string_view rows, std::int32_t columns);
+  /// `outcome` is `kNotBegun` until the rows are stored, or the load of them was undone.
+  void LoadRows(const Kind& kind, const PreparedText& rows, std::string_view file_name,
+                IParseEventArgs& arguments, Outcome& outcome);
+  void Fill(std::string_view rows, std::int32_t columns, Outcome& outcome);
+  void Conclude(const Kind& kind, Outcome outcome, IParseEventArgs& arguments);
   void Finish(IParseEventArgs& arguments, std::string_view message);
   void Load(const Kind& kind, std::string_view file_name, std::int32_t data_set_type,
             std::int32_t separator, bool has_labels, std::int32_t layout,

@@ -10,6 +10,7 @@
 #include "storage/restore_guard.h"
 #include "storage/run_tables.h"
 #include "storage/table_names.h"
+#include "storage/transaction.h"
 #include "support/file_helpers.h"
 #include "tslm5/contracts/codes.h"
 #include "tslm5/platform/error.h"
@@ -102,10 +103,12 @@ bool PersistableFacet::Save(const Variant& pRunPath, const Variant& pParams) try
   RestoreGuard old_type(state_.data_set_type);
   if (run) state_.run = std::move(run);
   state_.data_set_type = type;
-  RunLabels::Save(state_);
-  old_run.Keep();
-  old_type.Keep();
-  state_.is_dirty = false;
+  OnceStored([this] { RunLabels::Save(state_); },
+             [&] {
+               old_run.Keep();
+               old_type.Keep();
+               state_.is_dirty = false;
+             });
   return true;
 } catch (...) {
   RaiseAsError();
@@ -121,8 +124,12 @@ Ref<IUnknown> CloneableFacet::Clone(const Variant& pParams) try {
     throw Error(error_number::kCloneOfSameType, "CloneExt",
                 "The clone would take the table of the set's extra set.");
   }
-  Ref<TableLite> table = state_.table ? state_.table->Clone(type) : Ref<TableLite>();
-  return CloneDataSetLite(state_, type, std::move(table));
+  if (!state_.table) return CloneDataSetLite(state_, type, nullptr);
+  const Ref<IConnection> connection = ConnectionOf(state_);
+  Transaction transaction(*connection);
+  Ref<IUnknown> clone = CloneDataSetLite(state_, type, state_.table->Clone(type));
+  transaction.Commit();
+  return clone;
 } catch (...) {
   RaiseAsError();
 }

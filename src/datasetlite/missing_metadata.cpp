@@ -63,12 +63,10 @@ std::int32_t MissingMetadataFacet::GetMissingCount(std::int32_t pColumnIndex) {
 bool MissingMetadataFacet::ApplyMissing(std::int32_t pColumnIndex) {
   try {
     Apply(pColumnIndex);
-  } catch (const std::exception&) {
-    return false;  // meant: a failure is reported by this alone
+    return true;
+  } catch (const std::exception& failure) {
+    return IsStored(failure);  // a failure is reported by this alone, as the contract has it
   }
-  state_.statistics.Empty();
-  state_.is_dirty = true;
-  return true;
 }
 
 Variant MissingMetadataFacet::GetMissingFixedValues(std::int32_t pColumnIndex) try {
@@ -141,7 +139,10 @@ void MissingMetadataFacet::Apply(std::int32_t column) {
                                                            {"<TOKEN>", token}}));
     }
   }
-  transaction.Commit();
+  transaction.Commit([this] {
+    state_.statistics.Empty();
+    state_.is_dirty = true;
+  });
 }
 
 }  // namespace tslm5

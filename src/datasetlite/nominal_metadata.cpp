@@ -7,6 +7,7 @@
 #include "storage/run_statements.h"
 #include "storage/sql_number.h"
 #include "storage/sqlite_helpers.h"
+#include "storage/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -46,6 +47,11 @@ double OtherCode(const DataSetLiteState& state, std::string_view response, doubl
 
 }  // namespace
 
+void NominalMetadataFacet::NoteChange() noexcept {
+  state_.statistics.Empty();
+  state_.is_dirty = true;
+}
+
 std::string NominalMetadataFacet::Response(const char* source) const {
   ConnectionOf(state_);  // without a run there is no response either: that is told first
   if (state_.sender->Columns() == 0) {
@@ -78,18 +84,19 @@ void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_vi
   const std::string value = SqlNumber(pValue.ToDouble());
   const Ref<IConnection> connection = ConnectionOf(state_);
   for (const std::string_view text : {pName, pNominal}) RefuseApostrophe(text, "UpdateCategory");
+  Transaction transaction(*connection);
   // The code itself is not wanted: an unknown category fails here, before anything is changed.
   SqliteHelpers::QueryDouble(*connection,
                              FillStatement(run_statement::kSelectCategoryCode,
                                            {{"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
   Execute(FillStatement(run_statement::kUpdateCategoryCode,
                         {{"<VALUE>", value}, {"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
-  state_.is_dirty = true;
-  Execute(
-      CellsStatement(run_statement::kUpdateCategoryCells, kTrainingSet, pName, value, pNominal));
-  state_.statistics.Empty();
-  if (!TestingSetExists()) return;
-  Execute(CellsStatement(run_statement::kUpdateCategoryCells, kTestingSet, pName, value, pNominal));
+  const auto recode = [&](std::string_view table) {
+    Execute(CellsStatement(run_statement::kUpdateCategoryCells, table, pName, value, pNominal));
+  };
+  recode(kTrainingSet);
+  if (TestingSetExists()) recode(kTestingSet);
+  transaction.Commit([this] { NoteChange(); });
 } catch (...) {
   RaiseAsError();
 }
@@ -135,6 +142,8 @@ bool NominalMetadataFacet::IsResponseMerging() {
 
 void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   const std::string response = Response("UpdateMergingResponseCategories");
+  const Ref<IConnection> connection = ConnectionOf(state_);
+  Transaction transaction(*connection);
   const auto query = [this, &response](std::string_view statement) {
     return SqliteHelpers::QueryString(*ConnectionOf(state_), OfColumn(statement, response));
   };
@@ -154,16 +163,15 @@ void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   Execute(FillStatement(
       run_statement::kUpdateResponseEncoding,
       {{"<CLASS>", positive_class}, {"<POSITIVE>", positive}, {"<NEGATIVE>", negative}}));
-  state_.is_dirty = true;
   const auto encode = [&](std::string_view table) {
     Execute(
         CellsStatement(run_statement::kUpdateCategoryCells, table, name, positive, positive_class));
-    state_.statistics.Empty();
     Execute(CellsStatement(run_statement::kUpdateOtherCategoryCells, table, name, negative,
                            positive_class));
   };
   encode(kTrainingSet);
   if (TestingSetExists()) encode(kTestingSet);
+  transaction.Commit([this] { NoteChange(); });
 } catch (...) {
   RaiseAsError();
 }

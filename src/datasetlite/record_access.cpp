@@ -51,6 +51,16 @@ Variant ValueOfRecord(IConnection& connection, const std::string& name, std::int
   }
 }
 
+/// Forgets the table and its labels; type and properties stay.
+void Empty(DataSetLiteState& state) noexcept {
+  state.table.Reset();
+  state.extra_table.Reset();
+  state.labels.clear();
+  state.is_ready = false;
+  state.cached_columns = -1;
+  state.statistics.Empty();
+}
+
 bool IsSeries(DataSetLiteState& state) {
   return state.problem_category == problem_category::kTimeSeries && Columns(state) == 1;
 }
@@ -125,23 +135,18 @@ std::string LongLabel(DataSetLiteState& state, std::int32_t column) {
 }
 
 void Clear(DataSetLiteState& state) {
-  if (state.table || state.extra_table) {
-    const Ref<IConnection> connection = ConnectionOf(state);
-    Transaction transaction(*connection);
-    const std::string_view name = state.table ? state.table->Name() : std::string_view();
-    if (!name.empty() && connection->TableExists(name)) {
-      connection->Execute(FillStatement(run_statement::kDropTable, {{"<TABLE>", name}}));
-    }
-    ExtraTable::DropWithData(state, *connection);
-    transaction.Commit();
-    state.is_dirty = true;
+  if (!state.table && !state.extra_table) return Empty(state);
+  const Ref<IConnection> connection = ConnectionOf(state);
+  Transaction transaction(*connection);
+  const std::string_view name = state.table ? state.table->Name() : std::string_view();
+  if (!name.empty() && connection->TableExists(name)) {
+    connection->Execute(FillStatement(run_statement::kDropTable, {{"<TABLE>", name}}));
   }
-  state.table.Reset();
-  state.extra_table.Reset();
-  state.labels.clear();
-  state.is_ready = false;
-  state.cached_columns = -1;
-  state.statistics.Empty();
+  ExtraTable::DropWithData(state, *connection);
+  transaction.Commit([&state] {
+    state.is_dirty = true;
+    Empty(state);
+  });
 }
 
 }  // namespace RecordAccess

@@ -94,8 +94,7 @@ void Save(DataSetLiteState& state) {
   Transaction transaction(*connection);
   Store(*connection, state.data_set_type, labels);
   const bool has_records = renews_records && ColumnRecords::Renew(*connection, labels.size());
-  transaction.Commit();
-  state.wrote_column_records = has_records;
+  transaction.Commit([&] { state.wrote_column_records = has_records; });
 }
 
 }  // namespace tslm5::RunLabels

@@ -105,12 +105,12 @@ bool Embed(DataSetLiteState& state) {
                                      return embedding->SeriesRow(record, column);
                                    });
   LoadColumnFlags(state);
-  transaction.Commit();
-
-  state.table = std::move(table);
-  if (testing) state.extra_table = std::move(testing);
-  state.cached_columns = embedding->Columns();
-  state.statistics.Empty();
+  transaction.Commit([&] {
+    state.table = std::move(table);
+    if (testing) state.extra_table = std::move(testing);
+    state.cached_columns = embedding->Columns();
+    state.statistics.Empty();
+  });
   return true;
 }
 
@@ -119,8 +119,8 @@ bool Embed(DataSetLiteState& state) {
 bool EmbedSeries(DataSetLiteState& state) {
   try {
     return Embed(state);
-  } catch (const std::exception&) {  // an `Error`, or too little memory for the series
-    return false;
+  } catch (const std::exception& failure) {  // an `Error`, or too little memory for the series
+    return IsStored(failure);
   }
 }
 

@@ -36,9 +36,9 @@ Ref<IRecordSet> OpenBackup(IConnection& connection) {
       FillStatement(run_statement::kSelectTable, {{"<TABLE>", kBackupTable}}));
 }
 
-void TakeTable(DataSetLiteState& state, Ref<TableLite> table) {
-  state.cached_columns = table->Columns();
-  state.table = std::move(table);
+void TakeTable(DataSetLiteState& state, const Ref<TableLite>& table, std::int32_t columns) {
+  state.cached_columns = columns;
+  state.table = table;
   state.statistics.Empty();
   state.is_dirty = true;
 }
@@ -64,8 +64,7 @@ void FoldTestingIn(DataSetLiteState& state, IConnection& connection) {
   table->Create(columns, data_set_type::kTraining, false);
   connection.Execute(run_statement::kCopyTestingToTraining);
   table->LoadRecordSet();
-  transaction.Commit();
-  TakeTable(state, table);
+  transaction.Commit([&] { TakeTable(state, table, columns); });
 }
 
 }  // namespace
@@ -115,9 +114,10 @@ void SaveColumnData(DataSetLiteState& state) {
   connection->Execute(run_statement::kFillColumnsFromLabels);
   connection->Execute(run_statement::kMarkLastColumnAsResponse);
   ColumnFlags flags = ReadColumnFlags(*connection);
-  transaction.Commit();
-  state.Take(std::move(flags));
-  state.wrote_column_records = false;
+  transaction.Commit([&] {
+    state.Take(std::move(flags));
+    state.wrote_column_records = false;
+  });
 }
 
 bool Reset(DataSetLiteState& state) {
@@ -127,8 +127,8 @@ bool Reset(DataSetLiteState& state) {
     if (!HasTestingTable(*connection)) return false;
     FoldTestingIn(state, *connection);
     return true;
-  } catch (const std::exception&) {
-    return false;
+  } catch (const std::exception& failure) {
+    return IsStored(failure);
   }
 }
 
@@ -147,8 +147,7 @@ void UndoReset(DataSetLiteState& state) {
   table->Create(columns, data_set_type::kTraining, false);  // drops the table, if it is there
   table->UndoCopy();
   table->LoadRecordSet();
-  transaction.Commit();
-  TakeTable(state, table);
+  transaction.Commit([&] { TakeTable(state, table, columns); });
 }
 
 void ClearReset(DataSetLiteState& state) {

@@ -3,6 +3,9 @@
 namespace tslm5 {
 namespace {
 
+// A commit is the removal of the journal; what fails with this code is the sync behind it.
+static_assert(error_number::kStoredUnsynced == SQLITE_IOERR_DIR_FSYNC);
+
 constexpr std::size_t kShownSqlBytes = 120;
 
 /// The beginning of a statement, cut at a code point and with its control characters as blanks.
@@ -34,6 +37,11 @@ void RaiseSqliteError(sqlite3* database, int code, std::string_view sql) {
   if (database != nullptr && (sqlite3_errcode(database) & 0xFF) == (code & 0xFF)) {
     code = sqlite3_extended_errcode(database);
     text = sqlite3_errmsg(database);
+  }
+  if (code == error_number::kStoredUnsynced) {
+    text =
+        "The change is stored, but the folder of the run could not be synced: a power loss may"
+        " still undo it.";
   }
   throw SqliteFailure(code, "TSLMRep5", Described(text, sql));
 }

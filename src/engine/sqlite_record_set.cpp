@@ -173,6 +173,11 @@ void SqliteRecordSet::WritePending() {
   try {
     connection_->RunInTransaction([&] { RunUpdates(current, effects, buffer_is_exact); });
   } catch (const SqliteFailure& failure) {
+    if (failure.Number() == error_number::kStoredUnsynced) {
+      DropPending();
+      connection_->ForgetPending(this);
+      connection_->NoteWrite(effects);
+    }
     if (IsPassing(failure.Number())) throw;
     DropChange(current, failure);
   }

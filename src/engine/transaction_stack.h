@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tslm5/platform/error.h"
+
 namespace tslm5 {
 
 /// The transactions of one connection, each inside the one before it, and what forbids to go on in
@@ -35,7 +37,8 @@ class TransactionStack {
   void RequireUnguarded(const char* source);
   /// Raises what forbids to keep the changes of the innermost transaction.
   void RequireCommittable();
-  /// End the innermost transaction.
+  /// End the innermost transaction. A commit raises `kStoredUnsynced` when the transaction has
+  /// ended with its changes stored, but the folder of the run could not be synced.
   void CommitInnermost();
   void RollbackInnermost();
   /// See `IGuardedTransactions`.
@@ -70,6 +73,10 @@ class TransactionStack {
     std::array<char, 256> text{};
   };
 
+  /// Whether a statement that ended with `code` has committed nevertheless.
+  bool IsStoredUnsynced(int code) const {
+    return code == error_number::kStoredUnsynced && !IsInside();
+  }
   bool IsLost() const { return (!levels_.empty() || is_statements_lost_) && !IsInside(); }
   void Refuse();
   [[noreturn]] void RaiseObstacle(const char* source) const;

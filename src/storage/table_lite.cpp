@@ -70,11 +70,11 @@ void TableLite::Create(std::int32_t pColumns, std::int32_t pSetType, bool pCreat
   };
   create(run_statement::kCreateTable);
   if (pCreateBackup) create(run_statement::kCreateBackup);
-  transaction.Commit();
-  type_code.Keep();
-
-  record_set_.Reset();
-  row_counter_ = 0;
+  transaction.Commit([&] {
+    type_code.Keep();
+    record_set_.Reset();
+    row_counter_ = 0;
+  });
 }
 
 void TableLite::DeleteAll() {
@@ -86,8 +86,7 @@ void TableLite::Drop(bool pDropBackup) {
   Transaction transaction(*connection);
   Execute(run_statement::kDropTable);
   if (pDropBackup) Execute(run_statement::kDropBackup);
-  transaction.Commit();
-  record_set_.Reset();
+  transaction.Commit([this] { record_set_.Reset(); });
 }
 
 void TableLite::CreateCopy() {
@@ -156,8 +155,8 @@ Ref<TableLite> TableLite::Clone(std::int32_t pSetType) {
   clone->Create(Columns(), pSetType, true);
   connection->Execute(FillStatement(run_statement::kCopyTable,
                                     {{"<NEW_TABLE>", clone->Name()}, {"<TABLE>", Name()}}));
-  transaction.Commit();
   clone->Load(Variant(connection_service_), pSetType);
+  transaction.Commit();
   clone->row_counter_ = row_counter_;
   return clone;
 }

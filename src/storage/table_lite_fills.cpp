@@ -51,8 +51,7 @@ bool TableLite::FillFromLines(const NextLine& next_line) {
     if (!feedback.Stored(row_counter_ - 1)) return false;
     ++row_counter_;
   }
-  transaction.Commit();
-  counter.Keep();
+  transaction.Commit([&counter] { counter.Keep(); });
   return true;
 }
 
@@ -102,8 +101,7 @@ void TableLite::ParseNumbers(std::int32_t pRows, std::int32_t pColumns, const Fi
     target.InsertNumbers(cells, row_counter_);
     ++row_counter_;
   }
-  transaction.Commit();
-  counter.Keep();
+  transaction.Commit([&counter] { counter.Keep(); });
 }
 
 void TableLite::ParseDoubleArray(std::span<const double> pValues) {
@@ -115,8 +113,7 @@ void TableLite::ParseDoubleArray(std::span<const double> pValues) {
     target.InsertNumbers({&value, 1}, row_counter_);
     ++row_counter_;
   }
-  transaction.Commit();
-  counter.Keep();
+  transaction.Commit([&counter] { counter.Keep(); });
 }
 
 void TableLite::ParseFields(std::span<const Variant> pFields) {

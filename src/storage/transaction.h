@@ -2,12 +2,33 @@
 #define TSLM5_STORAGE_TRANSACTION_H_
 
 #include <cstdint>
+#include <exception>
 
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/guarded_transactions.h"
+#include "tslm5/platform/error.h"
 #include "tslm5/platform/ref.h"
 
 namespace tslm5 {
+
+/// Whether what was raised says that the change is stored.
+inline bool IsStored(const std::exception& failure) noexcept {
+  const auto* error = dynamic_cast<const Error*>(&failure);
+  return error != nullptr && error->Number() == error_number::kStoredUnsynced;
+}
+
+/// Runs `change`, then `follow`: also where `change` raises that it is stored but unsynced, which
+/// passes on after that. Nothing else that `change` raises lets `follow` run.
+template <class Change, class Follow>
+void OnceStored(Change change, Follow follow) {
+  try {
+    change();
+  } catch (const Error& error) {
+    if (IsStored(error)) follow();
+    throw;
+  }
+  follow();
+}
 
 /// A transaction that rolls back on the way out unless it was committed. Where the connection
 /// offers guarded transactions it is one: nobody else ends it in the middle.
@@ -28,13 +49,18 @@ class Transaction {
     if (open_) Rollback();
   }
 
+  /// Keeps the changes, and runs `take_over`, which must not fail, to make memory follow them: once
+  /// they are stored, also before `kStoredUnsynced` passes on.
+  template <class TakeOver>
+  void Commit(TakeOver take_over) {
+    OnceStored([this] { End(); },
+               [this, &take_over]() noexcept {
+                 open_ = false;
+                 take_over();
+               });
+  }
   void Commit() {
-    if (guarded_) {
-      guarded_->CommitGuarded(token_);
-    } else {
-      connection_.CommitTrans();
-    }
-    open_ = false;
+    Commit([] {});
   }
 
   /// Undoes the changes now. A failure of the database to do so is not raised: the error that led
@@ -53,6 +79,14 @@ class Transaction {
   }
 
  private:
+  void End() {
+    if (guarded_) {
+      guarded_->CommitGuarded(token_);
+    } else {
+      connection_.CommitTrans();
+    }
+  }
+
   IConnection& connection_;
   Ref<IGuardedTransactions> guarded_;
   std::int64_t token_ = 0;

@@ -64,5 +64,41 @@ TEST_P(DataSetLiteShortMemory, LeavesAWholeSetBehindSetData) {
                    {"7,8", "9,10"});
 }
 
+TEST_P(DataSetLiteShortMemory, LeavesNoTableOfACloneThatFailed) {
+  const Ref<IConnection> connection = asked_run_.Connection();
+  const auto cloneable = plain_.As<ICloneableEx>();
+  Ref<IUnknown> clone;
+  const long count = FailInTurn(
+      GetParam(), [&] { clone = cloneable->Clone(data_set_type::kTesting); },
+      [&] {
+        const bool is_done = static_cast<bool>(clone);
+        clone.Reset();
+        EXPECT_FALSE(asked_run_.InTransaction());
+        for (const char* table : {"TestingSet", "TestingSetBackup"}) {
+          EXPECT_EQ(connection->TableExists(table), is_done);
+          if (is_done) connection->Execute("DROP TABLE " + std::string(table));
+        }
+      });
+  EXPECT_GT(count, 20);
+  EXPECT_EQ(LiteSet(clone).Records(), (Lines{"1,2,3", "4,5,6"}));
+}
+
+TEST_P(DataSetLiteShortMemory, LeavesNoFiguresOfStatisticsThatFailed) {
+  bool is_done = false;
+  const auto calculate = [&] {
+    plain_->CalculateStatistics(nullptr);
+    is_done = true;
+  };
+  const long count = FailInTurn(GetParam(), calculate, [&] {
+    for (const char* table : {"DataSetStatistics", "DataSetClassStatistics"}) {
+      EXPECT_EQ(!asked_run_.TableRows(table).empty(), is_done) << table;
+      asked_run_.Execute("DELETE FROM " + std::string(table));
+    }
+    is_done = false;
+  });
+  EXPECT_GT(count, 20);
+  EXPECT_EQ(plain_->GetGlobalCentroid(0), 2.5);
+}
+
 }  // namespace
 }  // namespace tslm5

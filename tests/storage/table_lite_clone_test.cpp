@@ -83,7 +83,7 @@ TEST_F(TableLiteClone, SendsItsStatementsInOneTransaction) {
   EXPECT_EQ(run_.Log().statements, Lines({"BEGIN", "BEGIN", "CREATE TABLE TestingSet " + columns,
                                           "CREATE TABLE TestingSetBackup " + columns, "COMMIT",
                                           "INSERT INTO TestingSet SELECT * FROM TrainingSet;",
-                                          "COMMIT", "SELECT * FROM TestingSet;"}));
+                                          "SELECT * FROM TestingSet;", "COMMIT"}));
 }
 
 TEST_F(TableLiteClone, ThatFailsToCopyKeepsTheTableThatItWouldReplace) {
@@ -94,6 +94,15 @@ TEST_F(TableLiteClone, ThatFailsToCopyKeepsTheTableThatItWouldReplace) {
   EXPECT_EQ(Raised([this] { table_->Clone(2); }).Description(), "full");
   EXPECT_EQ(run_.TableRows("TestingSet"), Lines({"7|8|9|1"}));
   EXPECT_EQ(run_.TableRows("TestingSetBackup"), Lines({"7|8|9|1"}));
+  EXPECT_FALSE(run_.InTransaction());
+}
+
+TEST_F(TableLiteClone, ThatCannotBeReadIsNotMade) {
+  run_.Log().before = [](std::string_view statement) {
+    if (statement.starts_with("SELECT * FROM TestingSet")) throw Error(13, "", "no memory");
+  };
+  EXPECT_EQ(Raised([this] { table_->Clone(2); }).Description(), "no memory");
+  EXPECT_FALSE(run_.Connection()->TableExists("TestingSet"));
   EXPECT_FALSE(run_.InTransaction());
 }
 
