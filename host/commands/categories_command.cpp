@@ -145,14 +145,14 @@ ExitCode RunCategories(const CategoriesOptions& options, Output& output) {
   CategoryReport report;
   {
     std::optional<Transaction> transaction;
-    if (changes) transaction.emplace(session);
+    if (changes) transaction.emplace(session.Connection());
     const Scene scene = SetScene(session, options);
     if (changes) Change(scene, options);
     report = MakeReport(scene, options);
     if (changes) {
       Note(scene, options);
       StopIfInterrupted();
-      transaction->Commit();
+      CommitChange(session, *transaction);
       output.NoteDone("the run is changed");
     }
   }

@@ -83,14 +83,27 @@ void RunComponents(const ComponentsOptions& options, Output& output) {
                                         : fmt::format("{} in {}", what, Escaped(folder.string())));
 }
 
+/// Raises `Failure` unless a call that is to do `what` has done it for good.
+void RequireDone(std::int32_t code, const std::string& what, const std::string& done) {
+  if (code == TSLM5_OK) return;
+  if (code != TSLM5_UNSYNCED) FailIn(what);
+  throw Failure(
+      ExitCode::kTrouble,
+      fmt::format("{}, but a power loss may still undo it: the folder {} cannot be written "
+                  "to the disk",
+                  done, Escaped(RegistrationFolder().string())));
+}
+
 void RunRegister(const RegistrationOptions&, Output& output) {
-  if (::DllRegisterServer() != TSLM5_OK) FailIn("the component cannot be registered");
+  RequireDone(::DllRegisterServer(), "the component cannot be registered",
+              "the component is registered");
   output.Write(fmt::format("TSLM5DataManager is registered in {}\n",
                            Escaped(RegistrationFolder().string())));
 }
 
 void RunUnregister(const RegistrationOptions&, Output& output) {
-  if (::DllUnregisterServer() != TSLM5_OK) FailIn("the registration cannot be removed");
+  RequireDone(::DllUnregisterServer(), "the registration cannot be removed",
+              "the registration is removed");
   output.Write("TSLM5DataManager is not registered any more\n");
 }
 

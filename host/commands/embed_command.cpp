@@ -73,13 +73,13 @@ EmbeddingResult Embed(const EmbedOptions& options) {
                               "--problem timeseries loads a series)",
                               Escaped(options.run)));
   }
-  Transaction transaction(session);
+  Transaction transaction(session.Connection());
   EmbeddingResult embedded;
   PrepareWithProgress([&](IFeedback* feedback) {
     session.Preparation().As<IRunEmbedding>()->Embed(options.embedding, WordsOf(options), feedback,
                                                      embedded);
   });
-  transaction.Commit();
+  CommitChange(session, transaction);
   return embedded;
 }
 

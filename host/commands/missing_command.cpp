@@ -133,7 +133,7 @@ void RunMissing(const MissingOptions& options, Output& output) {
   bool waits = false;  // for --apply
   {
     std::optional<Transaction> transaction;
-    if (changes) transaction.emplace(session);
+    if (changes) transaction.emplace(session.Connection());
     const Ref<IDataSet> data_set = RequireTrainingSet(session, options.run);
     const std::vector<std::string> labels = LabelsOf(*data_set);
     std::optional<std::int32_t> column;
@@ -153,7 +153,7 @@ void RunMissing(const MissingOptions& options, Output& output) {
     if (changes) {
       Note(session, options, column, labels, report);
       StopIfInterrupted();
-      transaction->Commit();
+      CommitChange(session, *transaction);
       output.NoteDone("the run is changed");
     }
   }

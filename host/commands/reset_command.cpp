@@ -96,9 +96,9 @@ void AddStep(CommandSpec& app, Invocation& invocation, Step step, const char* pu
 
 void RunReset(const ResetOptions& options, Output& output) {
   const RunSession session(options.run, RunOptions::Mode::kReadWrite);
-  Transaction transaction(session);
+  Transaction transaction(session.Connection());
   const ResetResult done = Perform(session, options);
-  transaction.Commit();
+  CommitChange(session, transaction);
   output.NoteDone("the run is changed");
   output.Write(options.json ? ResetJson(options, done) : ResetText(options, done));
 }

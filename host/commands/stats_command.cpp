@@ -41,7 +41,7 @@ void EnsureComputed(const StatsOptions& options) {
     if (!ReadColumnFigures(session, options.set->type).empty()) return;
   }
   const RunSession session(options.run, RunOptions::Mode::kReadWrite);
-  Transaction transaction(session);
+  Transaction transaction(session.Connection());
   if (!ReadColumnFigures(session, options.set->type).empty()) return;  // by another program
   if (!HasStatistics(session)) {
     throw Failure(ExitCode::kTrouble,
@@ -50,7 +50,7 @@ void EnsureComputed(const StatsOptions& options) {
   }
   Progress progress(Terminal::OfStandardError());
   ComputeStatistics(session, *RequireSet(session, options), progress);
-  transaction.Commit();
+  CommitChange(session, transaction);
 }
 
 }  // namespace

@@ -68,9 +68,13 @@ void LoadTarget::MakeNew() {
   session_.emplace(made_->Path(), RunOptions::Mode::kReadWriteCreate);
 }
 
-void LoadTarget::Finish() {
-  session_.reset();
-  if (made_) MoveToName();
+void LoadTarget::Finish(Transaction& transaction) {
+  // A new run has its name only later.
+  OnceStored([&] { made_ ? transaction.Commit() : CommitChange(*session_, transaction); },
+             [this] {
+               session_.reset();
+               if (made_) MoveToName();
+             });
 }
 
 void LoadTarget::MoveToName() {

@@ -19,10 +19,10 @@ class LoadTarget {
 
   const RunSession& Session() const { return *session_; }
 
-  /// Closes the run and moves a new one to its name. Raises `Failure`, file trouble, when another
-  /// program has made a run of that name meanwhile: that one stays.
-  /// REQUIRES: the load is committed, and every dataset of the session is released.
-  void Finish();
+  /// Commits the load, closes the run and moves a new one to its name. Raises `Failure`, file
+  /// trouble, when another program has made a run of that name meanwhile: that one stays.
+  /// REQUIRES: every dataset of the session is released.
+  void Finish(Transaction& transaction);
 
  private:
   void MakeNew();

@@ -2,6 +2,7 @@
 #define TSLM5_HOST_PREPARATION_LOAD_WATCHER_H_
 
 #include <cstdint>
+#include <exception>
 
 #include "host/program/interruption.h"
 #include "host/program/progress.h"
@@ -29,7 +30,12 @@ class LoadWatcher {
   }
   LoadWatcher(const LoadWatcher&) = delete;
   LoadWatcher& operator=(const LoadWatcher&) = delete;
-  ~LoadWatcher() { source_->Unadvise(cookie_); }
+  ~LoadWatcher() {
+    try {
+      source_->Unadvise(cookie_);
+    } catch (const std::exception&) {  // only while an event is fired, and none is
+    }
+  }
 
  private:
   Ref<IConnectionPoint> source_;

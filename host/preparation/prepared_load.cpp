@@ -253,15 +253,14 @@ PreparedLoad StorePrepared(const LoadOptions& options, const RunStatus& status,
                            const FieldFile& main, const FieldFile* testing) {
   LoadTarget target(options.run);
   const RunSession& session = target.Session();
-  Transaction transaction(session);
+  Transaction transaction(session.Connection());
   RequireStatus(session, status);
   session.CreateSchema();
   const bool is_training = options.set->type == data_set_type::kTraining;
   PreparedLoad load = is_training ? Store(session, options).Training(main, testing)
                                   : Store(session, options).Testing(main);
   StopIfInterrupted();
-  transaction.Commit();
-  target.Finish();
+  target.Finish(transaction);
   return load;
 }
 

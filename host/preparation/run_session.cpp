@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <ctime>
+#include <exception>
 
 #include "host/program/failure.h"
 #include "host/program/open_files.h"
@@ -126,22 +127,21 @@ bool HasStatistics(const RunSession& session) {
   return session.Sets().HasSet(data_set_type::kTraining);
 }
 
-Transaction::~Transaction() {
-  if (!is_open_) return;
+void CommitChange(const RunSession& session, Transaction& transaction) {
+  transaction.Commit();
   try {
-    session_.Connection().RollbackTrans();
-  } catch (...) {  // the engine has rolled back by itself, or does when the run is closed
+    if (IsOpenFile(session.Path())) return;
+  } catch (const std::exception& error) {
+    throw Failure(
+        ExitCode::kTrouble,
+        fmt::format("the change is stored in {}, but whether the file still has that name "
+                    "cannot be seen: {}; look with tslm5 info before doing it again",
+                    Escaped(session.Path()), error.what()));
   }
-}
-
-void Transaction::Commit() {
-  session_.Connection().CommitTrans();
-  is_open_ = false;
-  if (IsOpenFile(session_.Path())) return;
   throw Failure(ExitCode::kTrouble,
                 fmt::format("{} was removed or replaced while this command was changing it: what "
                             "was stored went with the former file; do it again",
-                            Escaped(session_.Path())));
+                            Escaped(session.Path())));
 }
 
 }  // namespace tslm5::host

@@ -10,6 +10,7 @@
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/connection_service.h"
 #include "tslm5/engine/open_run.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/ref.h"
 #include "tslm5/preparation/run_preparation.h"
 #include "tslm5/run/run_catalog.h"
@@ -84,24 +85,10 @@ std::vector<RunColumn> ColumnsOf(const RunSession& session);
 /// Whether statistics can be computed in the run: those of every set need the training table.
 bool HasStatistics(const RunSession& session);
 
-/// A transaction that is rolled back unless it is committed.
-class Transaction {
- public:
-  explicit Transaction(const RunSession& session) : session_(session) {
-    session_.Connection().BeginTrans();
-  }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  ~Transaction();
-
-  /// Raises `Failure`, file trouble, when the run's path names another file by now, or none: what
-  /// was committed is in a file that nobody can open any more.
-  void Commit();
-
- private:
-  const RunSession& session_;
-  bool is_open_ = true;
-};
+/// Commits a change of the run. Raises `Failure`, file trouble, when the run's path names another
+/// file by now, or none: what was committed is in a file that nobody can open any more. One that
+/// says that the change is stored when the system cannot tell, and what the engine raises.
+void CommitChange(const RunSession& session, Transaction& transaction);
 
 }  // namespace tslm5::host
 

@@ -196,12 +196,11 @@ StoredSet StoreInSession(const RunSession& session, const LoadOptions& options,
 StoredSet StoreRecords(const LoadOptions& options, const RunStatus& status,
                        const RecordSource& source, const std::vector<std::int64_t>* missing) {
   LoadTarget target(options.run);
-  Transaction transaction(target.Session());
+  Transaction transaction(target.Session().Connection());
   RequireStatus(target.Session(), status);
   StoredSet stored = StoreInSession(target.Session(), options, source, missing);
   StopIfInterrupted();
-  transaction.Commit();
-  target.Finish();
+  target.Finish(transaction);
   return stored;
 }
 

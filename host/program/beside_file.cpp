@@ -51,7 +51,8 @@ bool Lock(int descriptor) {
 
 bool HasName(int descriptor) {
   struct stat status {};
-  return ::fstat(descriptor, &status) == 0 && status.st_nlink > 0;
+  if (::fstat(descriptor, &status) != 0) Fail(errno);
+  return status.st_nlink > 0;
 }
 
 void RemoveWithJournal(const std::string& path) noexcept {
@@ -95,7 +96,10 @@ BesideFile::BesideFile(std::string target, mode_t mode) : target_(std::move(targ
   try {
     Make(mode);
   } catch (...) {
-    if (descriptor_ >= 0) ::close(descriptor_);
+    if (descriptor_ >= 0) {
+      RemoveWithJournal(path_);
+      ::close(descriptor_);
+    }
     throw;
   }
 }

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "host/program/shown_text.h"
+#include "tslm5/engine/transaction.h"
 
 namespace tslm5::host {
 namespace {
@@ -80,6 +81,12 @@ bool IsRefusedStatement(const Error& error) {
 }
 
 Failure FailureOf(const Error& error) {
+  if (error.Number() == error_number::kStoredUnsynced) {
+    return Failure(
+        ExitCode::kTrouble,
+        "the change is stored in the run, but a power loss may still undo it: its folder "
+        "cannot be written to the disk");
+  }
   const bool engine = IsEngineError(error);
   const Meaning* meaning = engine || error.Source() == kOpeningSource
                                ? Find(kEngineMeanings, error.Number() & kPrimaryCodeMask)

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <memory>
 #include <string_view>
+#include <system_error>
 
 namespace tslm5::host {
 namespace {
@@ -17,6 +18,10 @@ struct CloseFolder {
   void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
+[[noreturn]] void FailToTell() {
+  throw std::system_error(errno, std::generic_category());
+}
+
 bool IsSameFile(const struct stat& left, const struct stat& right) {
   return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
 }
@@ -24,17 +29,28 @@ bool IsSameFile(const struct stat& left, const struct stat& right) {
 }  // namespace
 
 bool IsOpenFile(const std::string& path) {
-  const std::unique_ptr<DIR, CloseFolder> folder(::opendir(kOpenFiles));
-  if (!folder) return true;
   struct stat named {};
-  if (::stat(path.c_str(), &named) != 0) return errno != ENOENT && errno != ENOTDIR;
+  if (::stat(path.c_str(), &named) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) return false;
+    FailToTell();
+  }
+  const std::unique_ptr<DIR, CloseFolder> folder(::opendir(kOpenFiles));
+  if (!folder && errno == ENOENT) return true;
+  if (!folder) FailToTell();
+  bool can_tell = true;
   while (const dirent* entry = ::readdir(folder.get())) {
     const std::string_view name = static_cast<const char*>(entry->d_name);
     int descriptor = -1;
     std::from_chars(name.data(), name.data() + name.size(), descriptor);
+    if (descriptor < 0) continue;
     struct stat open {};
-    if (descriptor >= 0 && ::fstat(descriptor, &open) == 0 && IsSameFile(open, named)) return true;
+    if (::fstat(descriptor, &open) != 0) {
+      can_tell = false;
+    } else if (IsSameFile(open, named)) {
+      return true;
+    }
   }
+  if (!can_tell) throw std::system_error(EIO, std::generic_category());
   return false;
 }
 

@@ -15,6 +15,18 @@ tslm5::Uuid ReadUuid(const void* bytes) {
   return id;
 }
 
+int32_t Code(tslm5::RegistrationChange change) {
+  switch (change) {
+    case tslm5::RegistrationChange::kDone:
+      return TSLM5_OK;
+    case tslm5::RegistrationChange::kUnsynced:
+      return TSLM5_UNSYNCED;
+    case tslm5::RegistrationChange::kFailed:
+      break;
+  }
+  return TSLM5_REGISTRATION_FAILED;
+}
+
 }  // namespace
 
 int32_t DllGetClassObject(const void* class_id, const void* interface_id, void** object) {
@@ -37,7 +49,7 @@ int32_t DllCanUnloadNow(void) {
 
 int32_t DllRegisterServer(void) {
   try {
-    return tslm5::WriteRegistration() ? TSLM5_OK : TSLM5_REGISTRATION_FAILED;
+    return Code(tslm5::WriteRegistration());
   } catch (...) {
     return TSLM5_REGISTRATION_FAILED;
   }
@@ -45,7 +57,7 @@ int32_t DllRegisterServer(void) {
 
 int32_t DllUnregisterServer(void) {
   try {
-    return tslm5::RemoveRegistration() ? TSLM5_OK : TSLM5_REGISTRATION_FAILED;
+    return Code(tslm5::RemoveRegistration());
   } catch (...) {
     return TSLM5_REGISTRATION_FAILED;
   }

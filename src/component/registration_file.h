@@ -9,12 +9,19 @@ namespace tslm5 {
 /// `library` as the path of its library.
 std::string RegistrationText(const std::string& library);
 
-/// Writes the registration of the library that this code is in: beside the file first, then in its
-/// place, so that a reader finds the old one or the new one. False when that cannot be done.
-bool WriteRegistration();
+/// How a change of the registration ended.
+enum class RegistrationChange {
+  kDone,
+  kUnsynced,  // done, but the folder cannot be synced: a power loss may still undo it
+  kFailed,    // nothing has changed
+};
 
-/// Removes it. False when it is there and cannot be removed.
-bool RemoveRegistration();
+/// Writes the registration of the library that this code is in: beside the file first, then in its
+/// place, so that a reader finds the old one or the new one, also after a power loss.
+RegistrationChange WriteRegistration();
+
+/// Removes it; done, too, when it is not there.
+RegistrationChange RemoveRegistration();
 
 }  // namespace tslm5
 

@@ -9,8 +9,8 @@
 #include "datasetlite/record_access.h"
 #include "datasetlite/record_forwarder.h"
 #include "storage/table_limits.h"
-#include "storage/transaction.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

@@ -10,13 +10,13 @@
 #include "datasetlite/record_forwarder.h"
 #include "storage/table_limits.h"
 #include "storage/table_names.h"
-#include "storage/transaction.h"
 #include "support/label_test.h"
 #include "support/locale.h"
 #include "support/separators.h"
 #include "support/shared_functions.h"
 #include "support/text_cleanup.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

@@ -10,9 +10,9 @@
 #include "storage/restore_guard.h"
 #include "storage/run_tables.h"
 #include "storage/table_names.h"
-#include "storage/transaction.h"
 #include "support/file_helpers.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

@@ -13,8 +13,8 @@
 #include "storage/run_statements.h"
 #include "storage/sql_number.h"
 #include "storage/sqlite_helpers.h"
-#include "storage/transaction.h"
 #include "support/math_helper.h"
+#include "tslm5/engine/transaction.h"
 
 namespace tslm5 {
 namespace {

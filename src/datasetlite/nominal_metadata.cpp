@@ -7,7 +7,7 @@
 #include "storage/run_statements.h"
 #include "storage/sql_number.h"
 #include "storage/sqlite_helpers.h"
-#include "storage/transaction.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -45,12 +45,13 @@ double OtherCode(const DataSetLiteState& state, std::string_view response, doubl
               "All categories of the response have the same numeric value.");
 }
 
-}  // namespace
-
-void NominalMetadataFacet::NoteChange() noexcept {
-  state_.statistics.Empty();
-  state_.is_dirty = true;
+/// The cells have changed: their figures no longer fit.
+void NoteChange(DataSetLiteState& state) noexcept {
+  state.statistics.Empty();
+  state.is_dirty = true;
 }
+
+}  // namespace
 
 std::string NominalMetadataFacet::Response(const char* source) const {
   ConnectionOf(state_);  // without a run there is no response either: that is told first
@@ -96,7 +97,7 @@ void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_vi
   };
   recode(kTrainingSet);
   if (TestingSetExists()) recode(kTestingSet);
-  transaction.Commit([this] { NoteChange(); });
+  transaction.Commit([this] { NoteChange(state_); });
 } catch (...) {
   RaiseAsError();
 }
@@ -171,7 +172,7 @@ void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   };
   encode(kTrainingSet);
   if (TestingSetExists()) encode(kTestingSet);
-  transaction.Commit([this] { NoteChange(); });
+  transaction.Commit([this] { NoteChange(state_); });
 } catch (...) {
   RaiseAsError();
 }

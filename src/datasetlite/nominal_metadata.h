@@ -31,8 +31,6 @@ class NominalMetadataFacet final : public Facet<INominalDataSetMetadata> {
  private:
   /// The response's column index in decimal; raises 41011 of `source` when the set has no data.
   std::string Response(const char* source) const;
-  /// The cells have changed: their figures no longer fit.
-  void NoteChange() noexcept;
   void Execute(const std::string& statement) const { ConnectionOf(state_)->Execute(statement); }
   bool TestingSetExists() const { return ConnectionOf(state_)->TableExists("TestingSet"); }
 

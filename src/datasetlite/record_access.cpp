@@ -7,9 +7,9 @@
 #include "datasetlite/extra_table.h"
 #include "platform/only_errors.h"
 #include "storage/run_statements.h"
-#include "storage/transaction.h"
 #include "support/locale.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
 

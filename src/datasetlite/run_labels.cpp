@@ -4,10 +4,10 @@
 
 #include "datasetlite/column_records.h"
 #include "storage/run_statements.h"
-#include "storage/transaction.h"
 #include "support/label_test.h"
 #include "support/text_split.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 
 namespace tslm5::RunLabels {
 namespace {

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "storage/transaction.h"
 #include "support/embedding.h"
 #include "support/utf8.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

@@ -5,7 +5,7 @@
 #include "datasetlite/data_set_facet.h"
 #include "platform/only_errors.h"
 #include "statistics/data_record_statistics.h"
-#include "storage/transaction.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

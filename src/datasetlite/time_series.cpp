@@ -8,10 +8,10 @@
 #include "datasetlite/column_records.h"
 #include "datasetlite/run_labels.h"
 #include "storage/run_statements.h"
-#include "storage/transaction.h"
 #include "support/embedding.h"
 #include "support/label_test.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5::TimeSeries {

@@ -1,4 +1,5 @@
 #include "engine/sqlite_error.h"
+#include "tslm5/engine/transaction.h"
 
 namespace tslm5 {
 namespace {

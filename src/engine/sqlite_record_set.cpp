@@ -5,6 +5,7 @@
 
 #include "engine/sqlite_statement.h"
 #include "platform/only_errors.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/number_text.h"
 

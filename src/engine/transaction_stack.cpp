@@ -6,6 +6,7 @@
 #include <string>
 
 #include "engine/sqlite_error.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -90,7 +91,8 @@ void TransactionStack::CommitLevel() {
   const bool is_whole = last == 0 && !is_all_savepoints_;
   const SqlBuffer sql = ForLevel(is_whole ? "COMMIT" : "RELEASE nested#", last);
   const int code = Run(sql.data());
-  const bool is_stored = code == SQLITE_OK || IsStoredUnsynced(code);
+  const bool is_stored =
+      code == SQLITE_OK || (code == error_number::kStoredUnsynced && !IsInside());
   if (is_stored) levels_.pop_back();
   if (code != SQLITE_OK) RaiseSqliteError(database_, code, sql.data());
 }
@@ -158,7 +160,7 @@ void TransactionStack::EndLostByStatement() noexcept {
 void TransactionStack::NoteFailure(const std::exception& failure, bool was_inside) noexcept {
   if (!was_inside) return;
   const auto* sqlite = dynamic_cast<const SqliteFailure*>(&failure);
-  if (sqlite != nullptr && IsStoredUnsynced(sqlite->Number())) return;  // that was the commit
+  if (IsStored(failure) && !IsInside()) return;  // that was the commit
   const auto* error = dynamic_cast<const Error*>(&failure);
   const bool is_memory = dynamic_cast<const std::bad_alloc*>(&failure) != nullptr ||
                          (error != nullptr && error->Number() == error_number::kOutOfMemory);

@@ -10,8 +10,6 @@
 #include <string_view>
 #include <vector>
 
-#include "tslm5/platform/error.h"
-
 namespace tslm5 {
 
 /// The transactions of one connection, each inside the one before it, and what forbids to go on in
@@ -37,8 +35,7 @@ class TransactionStack {
   void RequireUnguarded(const char* source);
   /// Raises what forbids to keep the changes of the innermost transaction.
   void RequireCommittable();
-  /// End the innermost transaction. A commit raises `kStoredUnsynced` when the transaction has
-  /// ended with its changes stored, but the folder of the run could not be synced.
+  /// End the innermost transaction.
   void CommitInnermost();
   void RollbackInnermost();
   /// See `IGuardedTransactions`.
@@ -73,10 +70,6 @@ class TransactionStack {
     std::array<char, 256> text{};
   };
 
-  /// Whether a statement that ended with `code` has committed nevertheless.
-  bool IsStoredUnsynced(int code) const {
-    return code == error_number::kStoredUnsynced && !IsInside();
-  }
   bool IsLost() const { return (!levels_.empty() || is_statements_lost_) && !IsInside(); }
   void Refuse();
   [[noreturn]] void RaiseObstacle(const char* source) const;

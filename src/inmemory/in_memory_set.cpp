@@ -25,10 +25,7 @@ Ref<IUnknown> MakeInMemorySet() {
 Ref<IUnknown> CloneInMemorySet(const InMemoryState& original) {
   const Ref<InMemorySet> clone = MakeObject<InMemorySet>();
   InMemoryState& state = clone->State();
-  IDataSet* const sender = state.sender;
-  state = original;
-  state.sender = sender;
-  state.sinks = {};
+  static_cast<InMemoryContent&>(state) = original;
   if (original.data) state.data = std::make_shared<CellArray>(*original.data);
   return clone;
 }

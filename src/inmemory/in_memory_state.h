@@ -15,8 +15,9 @@
 
 namespace tslm5 {
 
-/// What the facets of one `InMemorySet` share, with the defaults of a new one.
-struct InMemoryState {
+/// What one `InMemorySet` holds, with the defaults of a new one. A plain value: a copy shares the
+/// data, and nothing else.
+struct InMemoryContent {
   PropertyBag properties;
 
   std::int32_t column_count = -1;  // as the last fill counted them; -1: there was none yet
@@ -37,7 +38,10 @@ struct InMemoryState {
   bool is_dirty = false;
   std::int32_t replaced_missing_count = 0;
   std::int32_t iterator_position = -1;  // -1: not reset yet
+};
 
+/// What the facets of one `InMemorySet` share.
+struct InMemoryState : InMemoryContent {
   SinkList<IInMemorySetEvents> sinks;
   IDataSet* sender = nullptr;  // the set's own face, for events
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 #include "contracts/event_args_objects.h"
@@ -72,6 +73,28 @@ void KeepFirstFields(std::string& text, std::string_view separator) {
   }
 }
 
+/// Gives a set back all that it held before a parse that fails. What a handler has loaded into the
+/// set meanwhile stays.
+class ContentGuard {
+ public:
+  explicit ContentGuard(InMemoryState& state) : state_(state), before_(state) {}
+  ContentGuard(const ContentGuard&) = delete;
+  ContentGuard& operator=(const ContentGuard&) = delete;
+  ~ContentGuard() {
+    if (kept_ || state_.is_ready) return;
+    static_cast<InMemoryContent&>(state_) = std::move(before_);
+  }
+
+  void Keep() noexcept { kept_ = true; }
+
+ private:
+  static_assert(std::is_nothrow_move_assignable_v<InMemoryContent>);
+
+  InMemoryState& state_;
+  InMemoryContent before_;
+  bool kept_ = false;
+};
+
 /// No more rows than a text of this size can fill: one that promises more has a row that is too
 /// short, and will be refused there; its array need not be paid for.
 std::int32_t RowsToHold(std::int32_t rows, std::int32_t columns, std::size_t text_size) {
@@ -104,20 +127,18 @@ void TextParsing::ParseString(std::string& text, std::int32_t separator, bool ha
   const Ref<IDataSet> keep_alive(state_.sender);  // a handler may let go of the set
   const Ref<IParseEventArgs> keep_arguments =
       arguments == nullptr ? MakeParseEventArgs() : Ref<IParseEventArgs>(arguments);
+  ContentGuard before(state_);
   state_.is_ready = false;
   state_.has_labels = false;
   state_.data.reset();
   state_.EndExtraSet();
   state_.replaced_missing_count = 0;
   state_.SetType(data_set_type);
-  try {
-    Begin(text, data_set_type);
-    TakeText(text, separator);
-    Run(text, has_labels, layout, *keep_arguments);
-  } catch (...) {
-    if (!state_.is_ready) state_.data.reset();  // never serve what is half filled
-    throw;
-  }
+  Begin(text, data_set_type);
+  TakeText(text, separator);
+  const std::int32_t error = Run(text, has_labels, layout, *keep_arguments);
+  before.Keep();
+  if (error > 0) throw Error(error);
 }
 
 /// Checks the text and notes its separator.
@@ -147,8 +168,9 @@ void TextParsing::TakeLabels(const std::string& text) {
   state_.has_labels = true;
 }
 
-void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
-                      IParseEventArgs& arguments) {
+/// The error by which a handler stopped the parse, which has emptied the set; 0 for any other end.
+std::int32_t TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
+                              IParseEventArgs& arguments) {
   if (Rearranges(layout)) {
     if (layout == layout_code::kRecordsInColumns && separator_.empty()) {
       throw Error(error_number::kInvalidArgument, "ParseString",
@@ -184,8 +206,11 @@ void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
   state_.sinks.Fire([this, &arguments](IInMemorySetEvents& sink) {
     sink.BeforeDataLoad(state_.sender, &arguments);
   });
-  if (arguments.Cancel()) return state_.Reset();
-  if (!TakeRecords(lines, rows, arguments)) return;
+  if (arguments.Cancel()) {
+    state_.Reset();
+    return 0;
+  }
+  if (!TakeRecords(lines, rows, arguments)) return handlers_error_;
 
   state_.is_dirty = true;
   arguments.put_Message("Data load succeded.");
@@ -194,6 +219,7 @@ void TextParsing::Run(std::string& text, bool has_labels, std::int32_t layout,
     sink.AfterDataLoad(state_.sender, &arguments);
   });
   state_.is_ready = true;
+  return 0;
 }
 
 /// The fields of the first line, without the blanks around it.
@@ -247,7 +273,8 @@ bool TextParsing::TellOfRecord(IRecordParsedEventArgs& record, std::int32_t row,
   if (state_.data != cells_) return false;
   if (!record.Cancel() && record.Error() < 1) return true;
   state_.Reset();
-  if (record.Error() > 0) throw Error(record.Error());
+  handlers_error_ = record.Error();
+  if (handlers_error_ > 0) return false;
   state_.sinks.Fire([this, &arguments](IInMemorySetEvents& sink) {
     sink.DataLoadCancelled(state_.sender, &arguments);
   });

@@ -16,9 +16,10 @@ namespace tslm5 {
 
 /// Fills an `InMemorySet` from delimited text: `IDataSet::Parse` and `IDataSet::ParseString`, and
 /// the frame of the other kind of parse, which overrides the steps that it does its own way.
-/// The numbers go from the text straight into the set's array. Neither keeps the data that the set
-/// had: after an error, or a cancel, it holds none and is not ready. Peak memory is the text and
-/// the array.
+/// The numbers go from the text straight into a new array. While handlers run, the set has none but
+/// the new data. After an error it holds what it held before, and all that goes with it; after a
+/// cancel, or an error that a handler set in its argument, it is empty and not ready. Peak memory
+/// is the text, the array, and the array of before.
 class TextParsing {
  public:
   explicit TextParsing(InMemoryState& state) : state_(state) {}
@@ -65,7 +66,8 @@ class TextParsing {
   void PutTexts(std::shared_ptr<const RawCells> texts) { cells_->PutTexts(std::move(texts)); }
 
  private:
-  void Run(std::string& text, bool has_labels, std::int32_t layout, IParseEventArgs& arguments);
+  std::int32_t Run(std::string& text, bool has_labels, std::int32_t layout,
+                   IParseEventArgs& arguments);
   void TakeText(std::string& text, std::int32_t separator);
   TextSurvey SurveyOf(std::string_view text) const;
   void TakeLabels(const std::string& text);
@@ -77,6 +79,7 @@ class TextParsing {
   std::string_view separator_;
   TextSurvey survey_;  // of the text before repeats are merged
   Ref<IRecordParsedEventArgs> record_;
+  std::int32_t handlers_error_ = 0;   // the number by which a handler stopped the parse
   std::shared_ptr<CellArray> cells_;  // being filled; held, as a handler may clear the set
 };
 

@@ -6,8 +6,8 @@
 #include "preparation/preparation_step.h"
 #include "preparation/training_labels.h"
 #include "storage/run_tables.h"
-#include "storage/transaction.h"
 #include "tslm5/contracts/codes.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

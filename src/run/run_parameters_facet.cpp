@@ -4,7 +4,7 @@
 
 #include "platform/only_errors.h"
 #include "run/sql_text.h"
-#include "storage/transaction.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/run/run_records.h"
 
 namespace tslm5 {

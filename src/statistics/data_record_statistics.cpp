@@ -5,7 +5,7 @@
 
 #include "statistics/column_batches.h"
 #include "storage/run_statements.h"
-#include "storage/transaction.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/number_text.h"
 
 namespace tslm5::DataRecordStatistics {

@@ -4,9 +4,9 @@
 
 #include "platform/only_errors.h"
 #include "storage/run_statements.h"
-#include "storage/transaction.h"
 #include "tslm5/engine/connection_service.h"
 #include "tslm5/engine/data_reader.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/object.h"
 

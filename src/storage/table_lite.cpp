@@ -10,7 +10,7 @@
 #include "storage/run_tables.h"
 #include "storage/table_limits.h"
 #include "storage/table_names.h"
-#include "storage/transaction.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {

@@ -9,9 +9,9 @@
 #include "storage/row_insert_text.h"
 #include "storage/row_writer.h"
 #include "storage/table_lite.h"
-#include "storage/transaction.h"
 #include "support/locale.h"
 #include "support/text_split.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -84,8 +84,7 @@ bool TableLite::CopyRows(IConnection& connection, IDataSet& source) {
     if (!feedback.Stored(row_counter_)) return false;
     ++row_counter_;
   }
-  transaction.Commit();
-  counter.Keep();
+  transaction.Commit([&counter] { counter.Keep(); });
   return true;
 }
 

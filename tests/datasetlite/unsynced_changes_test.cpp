@@ -9,6 +9,7 @@
 #include "inmemory/memory_set.h"
 #include "tslm5/contracts/data_set_lite.h"
 #include "tslm5/contracts/time_series.h"
+#include "tslm5/engine/transaction.h"
 
 namespace tslm5 {
 namespace {

@@ -8,6 +8,7 @@
 #include "engine/engine_fixture.h"
 #include "engine/unsynced_folder.h"
 #include "tslm5/engine/guarded_transactions.h"
+#include "tslm5/engine/transaction.h"
 
 namespace tslm5 {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "tslm5/engine/connection.h"
 #include "tslm5/engine/connection_service.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 #include "tslm5/platform/object.h"
 

@@ -65,6 +65,14 @@ TEST(Failure, ToOpenARunIsNeverTheDatas) {
   EXPECT_STREQ(FailureOf(Error(53, "OpenRun", "There is no run.")).what(), "There is no run.");
 }
 
+TEST(Failure, ToSyncTheFolderIsToldAsStored) {
+  const Failure failure = FailureOf(Error(1290, "TSLMRep5", "The change is stored"));
+  EXPECT_EQ(failure.Code(), ExitCode::kTrouble);
+  EXPECT_STREQ(failure.what(),
+               "the change is stored in the run, but a power loss may still undo it: its folder "
+               "cannot be written to the disk");
+}
+
 TEST(Failure, KnowsARefusedStatement) {
   EXPECT_TRUE(IsRefusedStatement(Error(1, "TSLMRep5", "")));
   EXPECT_TRUE(IsRefusedStatement(Error(1555, "TSLMRep5", "")));

@@ -102,6 +102,27 @@ class MemorySet {
     return labels;
   }
 
+  /// All that a parse may change, one thing a line.
+  Lines Everything() const {
+    Lines all = Records();
+    const InMemoryState& state = State();
+    all.insert(all.end(), state.labels.begin(), state.labels.end());
+    for (const auto& [key, value] : state.properties.Entries()) {
+      all.push_back(std::string(key).append(" = ").append(value));
+    }
+    for (const std::int32_t number :
+         {state.data_set_type, state.separator, state.problem_category, state.column_count,
+          state.replaced_missing_count, state.iterator_position, state.extra_set.Rows()}) {
+      all.push_back(std::to_string(number));
+    }
+    for (const bool flag :
+         {state.has_labels, state.is_ready, state.is_dirty, state.extra_set_exists}) {
+      all.emplace_back(flag ? "yes" : "no");
+    }
+    all.push_back(state.name);
+    return all;
+  }
+
  private:
   Ref<IUnknown> object_;
   Ref<IDataSet> data_set_;

@@ -1,7 +1,9 @@
-// A parse that fails for want of memory, wherever it does, leaves a set that parses again.
+// A parse that fails for want of memory, wherever it does, leaves the set as it was, and one that
+// parses again.
 #include <gmock/gmock.h>
 
 #include <optional>
+#include <utility>
 
 #include "fakes/failing_allocation.h"
 #include "inmemory/memory_set.h"
@@ -56,29 +58,41 @@ TEST_P(ShortMemory, LeavesAUsedSetThatParses) {
   const MemorySet set;
   set->SetProperty("its value, which is long as well", "a property with a long name");
   const Ref<RecordingMemoryEvents> events = set.Listen();
-  const long count = FailInTurn(
-      GetParam(), [&] { set.ParseFile(path, {.has_labels = true}); },
-      [&] {
-        set.Parse("a;b;c\n1;2;3\n4;5;6", {.separator = 3, .has_labels = true});
-        ExpectParsed(set);
-      });
+  Lines before = set.Everything();
+  bool is_done = false;
+  const auto parse = [&] {
+    set.ParseFile(path, {.has_labels = true});
+    is_done = true;
+  };
+  const long count = FailInTurn(GetParam(), parse, [&] {
+    if (!std::exchange(is_done, false)) {
+      EXPECT_EQ(set.Everything(), before);
+    }
+    set.Parse("a;b;c\n1;2;3\n4;5;6", {.separator = 3, .has_labels = true});
+    ExpectParsed(set);
+    before = set.Everything();
+  });
   EXPECT_GT(count, 10);
 }
 
 TEST_P(ShortMemory, LeavesASetThatParsesWords) {
-  const NominalSet set;
-  const long count = FailInTurn(
-      GetParam(),
-      [&] {
-        const char* const text =
-            "no,a_word_that_is_not_short,1\nyes,another_one_of_them_all,2\nno,?,3";
-        set.Parse(text, {.layout = 3});
-      },
-      [&] {
-        set.Parse("a,no\nb,yes", {});
-        EXPECT_THAT(set.Texts(), ElementsAre("a,no", "b,yes"));
-        EXPECT_TRUE(set->IsReady());
-      });
+  const NominalSet set("a,no\nb,yes");
+  const Lines before = set.Everything();
+  bool is_done = false;
+  const auto parse = [&] {
+    set.Parse("no,a_word_that_is_not_short,1\nyes,another_one_of_them_all,2\nno,?,3",
+              {.layout = 3});
+    is_done = true;
+  };
+  const long count = FailInTurn(GetParam(), parse, [&] {
+    if (!std::exchange(is_done, false)) {
+      EXPECT_EQ(set.Everything(), before);
+      EXPECT_THAT(set.Texts(), ElementsAre("a,no", "b,yes"));
+    }
+    set.Parse("a,no\nb,yes", {});
+    EXPECT_THAT(set.Texts(), ElementsAre("a,no", "b,yes"));
+    EXPECT_TRUE(set->IsReady());
+  });
   EXPECT_GT(count, 10);
 }
 

@@ -108,9 +108,22 @@ TEST(TextParsingErrors, PromiseMoreCellsThanTheTextCanHold) {
   EXPECT_THAT(MemorySet().ErrorOf(text), IsColumnCountError(2));
 }
 
-TEST(TextParsingErrors, NeverLeaveHalfASet) {
-  for (const char* text : {"", "1;2", "1,2 3", "1,2\n3", "1,2\n3,x"}) {
+TEST(TextParsingErrors, LeaveTheSetAsItWas) {
+  for (const char* text : {"", "1;2", "1,2 3", "a,b\n1", "a,b\n1,2\n3,x"}) {
     const MemorySet set("7,8\n9,10");
+    set->SetProperty("5", "DelayTime");
+    set.State().extra_set = CellArray(3, 1);
+    set.State().extra_set_exists = true;
+    set.SetDirty(false);
+    const Lines before = set.Everything();
+    EXPECT_NE(set.ErrorOf(text, {.has_labels = true, .type = data_set_type::kTesting}).Number(), 0);
+    EXPECT_EQ(set.Everything(), before) << text;
+  }
+}
+
+TEST(TextParsingErrors, LeaveANewSetEmpty) {
+  for (const char* text : {"", "1;2", "1,2 3", "1,2\n3", "1,2\n3,x"}) {
+    const MemorySet set;
     EXPECT_NE(set.ErrorOf(text).Number(), 0);
     EXPECT_FALSE(set->IsReady()) << text;
     EXPECT_EQ(set->Rows(), 0) << text;

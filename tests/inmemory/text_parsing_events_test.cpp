@@ -186,6 +186,31 @@ TEST_F(TextParsingEvents, PassOnWhatAHandlerRaises) {
   EXPECT_EQ(set_->Rows(), 0);
 }
 
+TEST_F(TextParsingEvents, ThatThrowLeaveTheRecordsOfBefore) {
+  set_.Parse("7,8\n9,10");
+  const Lines before = set_.Everything();
+  events_->on_record_parsed = [this](IRecordParsedEventArgs& record) {
+    if (record.Current() == 0) return;
+    set_->SetProperty("5", "DelayTime");
+    throw Error(77, "handler", "own");
+  };
+  EXPECT_THAT(set_.ErrorOf("1,2\n3,4"), IsError(77, "handler", "own"));
+  EXPECT_EQ(set_.Everything(), before);
+}
+
+TEST_F(TextParsingEvents, ThatThrowLeaveWhatAHandlerHasParsed) {
+  set_.Parse("7,8\n9,10");
+  bool is_first = true;
+  events_->on_record_parsed = [&](IRecordParsedEventArgs&) {
+    if (!std::exchange(is_first, false)) return;
+    set_.Parse("4,5,6");
+    throw Error(77, "handler", "own");
+  };
+  EXPECT_THAT(set_.ErrorOf("1,2\n3,4"), IsError(77, "handler", "own"));
+  EXPECT_THAT(set_.Records(), ElementsAre("4,5,6"));
+  EXPECT_TRUE(set_->IsReady());
+}
+
 TEST_F(TextParsingEvents, ReachAListenerThatCameDuringTheLoad) {
   const Ref<RecordingMemoryEvents> late = MakeObject<RecordingMemoryEvents>();
   const MemorySet set;

@@ -1,10 +1,11 @@
-#include "storage/transaction.h"
+#include "tslm5/engine/transaction.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 #include <string_view>
 
+#include "fakes/unsynced_run.h"
 #include "platform/raised.h"
 #include "storage/test_run.h"
 
@@ -136,6 +137,25 @@ TEST_F(TransactionTest, AnyFailureToRollBackIsSwallowed) {
   });
   EXPECT_EQ(error.Description(), "the cause");
   EXPECT_TRUE(run_.InTransaction());  // ends the one that the fake left open
+}
+
+TEST_F(TransactionTest, HasMemoryFollowOnlyWhatIsStored) {
+  bool has_followed = false;
+  const auto commit = [&](const Ref<IConnection>& connection) {
+    has_followed = false;
+    Transaction transaction(*connection);
+    transaction.Commit([&has_followed] { has_followed = true; });
+  };
+  commit(Recorded());
+  EXPECT_TRUE(has_followed);
+  run_.Log().FailAt(2, Error(10, "", "disk I/O error"));
+  EXPECT_EQ(RaisedNumber([&] { commit(Recorded()); }), 10);
+  EXPECT_FALSE(has_followed);
+  const Ref<UnsyncedRun> unsynced = MakeObject<UnsyncedRun>(run_.Connection());
+  EXPECT_EQ(RaisedNumber([&] { commit(unsynced->GetConnection().ToObject().As<IConnection>()); }),
+            error_number::kStoredUnsynced);
+  EXPECT_TRUE(has_followed);
+  EXPECT_FALSE(run_.InTransaction());
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 
 #include "trust/api_operations.h"
 #include "tslm5/contracts/extra_set.h"
+#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5::trust {
@@ -60,15 +61,21 @@ void PrintSet(const Ref<IDataSet>& set) {
               static_cast<unsigned long long>(hash.Value()));
 }
 
-bool Attempt(const Operation& operation, Subject& subject, bool with_faults) {
+enum class Ending { kDone, kStored, kFailed };  // stored: but told as not safe from a power loss
+
+Ending Attempt(const Operation& operation, Subject& subject, bool with_faults) {
   // Kept on the stack: nothing is to be allocated while the shim fails allocations.
   char words[512] = "done";
-  bool is_done = false;
+  auto ending = Ending::kFailed;
   if (with_faults) CallShim("TrustStart");
   try {
-    is_done = operation.perform(subject);
-    if (!is_done) std::strcpy(words, "false");
+    if (operation.perform(subject)) {
+      ending = Ending::kDone;
+    } else {
+      std::strcpy(words, "false");
+    }
   } catch (const Error& error) {
+    if (IsStored(error)) ending = Ending::kStored;
     std::snprintf(words, sizeof words, "error %d: %s", error.Number(), error.what());
   } catch (const std::exception& exception) {
     std::snprintf(words, sizeof words, "exception %s", exception.what());
@@ -80,7 +87,7 @@ bool Attempt(const Operation& operation, Subject& subject, bool with_faults) {
   } catch (const std::exception& exception) {
     std::printf("set: unreadable, %s\n", exception.what());
   }
-  return is_done;
+  return ending;
 }
 
 int Run(int argc, char** argv) {
@@ -104,9 +111,9 @@ int Run(int argc, char** argv) {
       PrintSet(subject.set);
       return 0;
     }
-    bool is_done = Attempt(operation, subject, true);
-    if (!is_done && again) is_done = Attempt(operation, subject, false);
-    return is_done ? 0 : 3;
+    Ending ending = Attempt(operation, subject, true);
+    if (ending == Ending::kFailed && again) ending = Attempt(operation, subject, false);
+    return ending == Ending::kDone ? 0 : 3;
   }
   std::fprintf(stderr, "trust_api: no operation %s\n", argv[1]);
   return 2;

@@ -185,15 +185,13 @@ const Operation kOperations[] = {
      }},
     {"update-category", LoadTraining,
      [](Subject& subject) {
-       return InTransaction(subject, [&subject] {
-         subject.set.As<INominalDataSetMetadata>()->UpdateCategory("d0", "red", 7.5);
-       });
+       subject.set.As<INominalDataSetMetadata>()->UpdateCategory("d0", "red", 7.5);
+       return true;
      }},
     {"update-merging", LoadTraining,
      [](Subject& subject) {
-       return InTransaction(subject, [&subject] {
-         subject.set.As<INominalDataSetMetadata>()->UpdateMergingResponseCategories();
-       });
+       subject.set.As<INominalDataSetMetadata>()->UpdateMergingResponseCategories();
+       return true;
      }},
     {"save-positive-class", LoadTraining,
      [](Subject& subject) {

@@ -29,7 +29,9 @@ RECOVERED = re.compile(r"^tslm5: warning: .* was interrupted .*\n$")
 STORED_UNSYNCED = re.compile(r"error 1290: ")
 READY = re.compile(r", ready \d")
 # A failure after the commit must not be told as one of the whole.
-SAYS_STORED = re.compile(r"; .* all the same\n$|is stored in .*, but a power loss may still undo it")
+SAYS_STORED = re.compile(
+    r"; .* all the same\n$|is stored in .*, but|, but a power loss may still undo it"
+)
 
 
 class Fault(NamedTuple):
@@ -193,8 +195,17 @@ class Scene:
         if fault.mode in KILLS:
             return None if outcome.code == SIGKILL else Judgement("not killed", str(outcome))
         if outcome.code < 0:
-            return Judgement(f"crash, signal {-outcome.code}", outcome.error)
+            return self.crash(outcome)
         return None
+
+    def crash(self, outcome):
+        """A crash, and whether it left the run whole."""
+        try:
+            left = self.place_of_state()[1]
+        except Damaged as damage:
+            left = Judgement("damaged run", str(damage))
+        what = f"crash, signal {-outcome.code}"
+        return Judgement(f"{what}; {left.bad}" if left else what, outcome.error)
 
     def wrong_words(self, outcome):
         """What is wrong with the words of a command that failed, or None."""
@@ -264,9 +275,11 @@ class Scene:
             if held != self.set_after and not (len(attempts) > 1 and self.driver.is_in_transaction):
                 return Judgement("done, but the set holds something else", outcome.output)
             return self.try_next("after") if self.driver.words[0] != "create-schema" else GOOD
-        if again:
+        if again and not STORED_UNSYNCED.search(outcome.output):
             return Judgement("fails again without a fault", outcome.output)
         if where == "after" and STORED_UNSYNCED.search(outcome.output):
+            if held != self.set_after:
+                return Judgement("stored, but the set holds something else", outcome.output)
             return self.try_next("after")
         if where == "after" and not self.leaves_run_alone():
             return Judgement("done, but told as failed", outcome.output)

@@ -1,6 +1,7 @@
 """A short pick of the campaign: a few faults, kills and power losses of every driver, and that the
 instruments themselves see what they are to see. scripts/trust_campaign is the whole."""
 
+import errno
 import random
 import sqlite3
 import tempfile
@@ -14,7 +15,7 @@ from fault_trials import Fault, Scene
 from loss_trials import Losses, spilled_scene
 from run_state import state_of
 
-FAULTS = 3  # of each driver, and as many allocations that fail
+FAULTS = 2  # of each driver, and as many allocations that fail
 LOSSES = 12
 SEED = 7
 IN_MEMORY = Path("/dev/shm")
@@ -59,6 +60,48 @@ class FaultTest(TrustCase):
     def test_every_operation_of_the_driver_program_is_tried(self):
         listed = shim.run([shim.API, "--list"], self.folder).output.split()
         self.assertEqual(listed, [driver.words[0] for driver in OPERATIONS])
+
+
+class KnownFaultTest(TrustCase):
+    """The places where a fault once did harm, each tried as a whole."""
+
+    def try_all(self, name, kind, mode, number, most=None):
+        """Every fault of that kind in a driver, or `most` of them, evenly spread."""
+        driver = next(driver for driver in DRIVERS if driver.name == name)
+        scene = self.scene(driver)
+        places = range(1, scene.counts[kind] + 1)
+        self.assertGreater(len(places), 0, name)
+        step = 1 if most is None else max(1, len(places) // most)
+        for place in places[::step]:
+            fault = Fault(kind, place, mode, number)
+            judgement = scene.attempt(fault, self.source)
+            if judgement is not None and judgement.bad:
+                self.fail(f'--only "{name}" --fault {fault}: {judgement}')
+
+    def test_a_folder_without_sync_is_told_as_stored(self):
+        for name in (
+            *("missing --apply", "load, over a set", "load, new run", "report, new page"),
+            *("register", "unregister", "API reset-time-series", "API format-data-as"),
+            *("API save-column-data", "API parse-over", "API clear"),
+        ):
+            self.try_all(name, "sync", "once", errno.EIO)
+
+    def test_a_look_at_the_file_that_fails_is_no_other_file(self):
+        self.try_all("reset", "stat", "once", errno.EIO)
+
+    def test_a_file_beside_another_is_removed_whatever_fails(self):
+        for name in ("plot --svg", "load, new run"):
+            self.try_all(name, "stat", "always", errno.EIO, most=30)
+
+    def test_destructors_need_no_memory(self):
+        for name in ("load, new run", "history"):
+            self.try_all(name, "memory", "always", errno.ENOMEM, most=20)
+
+    def test_an_operation_that_fails_late_is_undone(self):
+        for name in ("API clone", "API calculate-statistics", "API memory-parse-over"):
+            self.try_all(name, "memory", "always", errno.ENOMEM, most=20)
+        for name in ("API update-category", "API update-merging", "API clear"):
+            self.try_all(name, "write", "once", errno.EIO)
 
 
 class LossTest(TrustCase):

@@ -14,6 +14,8 @@ extern "C" {
 #define TSLM5_OK 0
 /** Done, and the answer is no. */
 #define TSLM5_FALSE 1
+/** Done, but a power loss may still undo it: the folder could not be synced. */
+#define TSLM5_UNSYNCED 2
 /** The class object is no such interface. */
 #define TSLM5_NO_INTERFACE ((int32_t)0x80004002)
 /** A pointer that is needed is null. */
@@ -38,11 +40,12 @@ __attribute__((visibility("default"))) int32_t DllCanUnloadNow(void);
 
 /** Registers the component with this library's path: writes its registration file
  * (tslm5/component/registration.h) whole, in place of an older one.
- * TSLM5_REGISTRATION_FAILED when the file cannot be written; an older one stands then. */
+ * TSLM5_REGISTRATION_FAILED when the file cannot be written; an older one stands then.
+ * TSLM5_UNSYNCED when it is written, but not yet safe from a power loss. */
 __attribute__((visibility("default"))) int32_t DllRegisterServer(void);
 
 /** Takes the component's registration file away. TSLM5_OK also when there is none;
- * TSLM5_REGISTRATION_FAILED when it cannot be removed. */
+ * TSLM5_REGISTRATION_FAILED when it cannot be removed, TSLM5_UNSYNCED as above. */
 __attribute__((visibility("default"))) int32_t DllUnregisterServer(void);
 
 #ifdef __cplusplus

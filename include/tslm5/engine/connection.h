@@ -37,9 +37,6 @@ class IConnection : public IUnknown {
   /// belongs to an operation that is running (see `IGuardedTransactions`). Raises again what
   /// failed inside the transaction when that leaves its changes in doubt (a damaged page, short
   /// memory, a pending change that was lost), whoever caught it then; the transaction stays open.
-  /// Raises `kStoredUnsynced` (1290) when the changes are kept and the transaction has ended, but
-  /// the folder of the run could not be synced: a power loss may still undo them. So does a
-  /// statement outside of transactions.
   virtual void CommitTrans() = 0;
   /// Ends the innermost transaction, undoing its changes; raises 5 as `CommitTrans` does.
   virtual void RollbackTrans() = 0;

@@ -22,7 +22,7 @@ class IGuardedTransactions : public IUnknown {
   virtual std::int64_t BeginGuarded() = 0;
   /// Keeps the changes. Raises 5 when the transaction is no longer the innermost, because a
   /// transaction begun inside it was left open, and whatever else `CommitTrans` raises; the
-  /// transaction is then still there, except behind `kStoredUnsynced`.
+  /// transaction is then still there.
   virtual void CommitGuarded(std::int64_t pToken) = 0;
   /// Undoes the changes, and ends whatever was begun inside and left open. Does nothing for a
   /// transaction that has ended. Raises the engine's error when undoing fails; the transaction has

@@ -29,9 +29,6 @@ inline constexpr std::int32_t kFileNotFound = 53;  ///< a run or a text to be lo
 inline constexpr std::int32_t kFileAccess = 75;    ///< a file exists but cannot be read or written
 /// A getter was called before the first or past the last record.
 inline constexpr std::int32_t kNoCurrentRecord = 100;
-/// The change is stored, but the folder of the run cannot be synced: a power loss may still undo
-/// it. Not to be done again; SQLite's own code.
-inline constexpr std::int32_t kStoredUnsynced = 1290;
 /// No such class, or its library cannot be used.
 inline constexpr std::int32_t kCannotCreateObject = 429;
 inline constexpr std::int32_t kUnknownMember = 438;  ///< call by a name that is not there

@@ -1,5 +1,5 @@
-#ifndef TSLM5_STORAGE_TRANSACTION_H_
-#define TSLM5_STORAGE_TRANSACTION_H_
+#ifndef TSLM5_ENGINE_TRANSACTION_H_
+#define TSLM5_ENGINE_TRANSACTION_H_
 
 #include <cstdint>
 #include <exception>
@@ -10,6 +10,15 @@
 #include "tslm5/platform/ref.h"
 
 namespace tslm5 {
+
+namespace error_number {
+
+/// The engine raises it, SQLite's own code, when a change is stored and its transaction has ended,
+/// but the folder of the run cannot be synced: a power loss may still undo it. Not to be done
+/// again.
+inline constexpr std::int32_t kStoredUnsynced = 1290;
+
+}  // namespace error_number
 
 /// Whether what was raised says that the change is stored.
 inline bool IsStored(const std::exception& failure) noexcept {
@@ -31,7 +40,8 @@ void OnceStored(Change change, Follow follow) {
 }
 
 /// A transaction that rolls back on the way out unless it was committed. Where the connection
-/// offers guarded transactions it is one: nobody else ends it in the middle.
+/// offers guarded transactions it is one: nobody else ends it in the middle. Let it go before the
+/// connection.
 class Transaction {
  public:
   explicit Transaction(IConnection& connection)
@@ -56,6 +66,7 @@ class Transaction {
     OnceStored([this] { End(); },
                [this, &take_over]() noexcept {
                  open_ = false;
+                 guarded_.Reset();
                  take_over();
                });
   }
@@ -95,4 +106,4 @@ class Transaction {
 
 }  // namespace tslm5
 
-#endif  // TSLM5_STORAGE_TRANSACTION_H_
+#endif  // TSLM5_ENGINE_TRANSACTION_H_
