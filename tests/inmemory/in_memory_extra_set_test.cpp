@@ -82,7 +82,6 @@ TEST_F(InMemoryExtraSet, EndsWithItsData) {
          set_.As<INominalDataSet>()->ParseString(text, separator_code::kComma, false, 1, 1, 2,
                                                  nullptr);
        }},
-      {"a text that is refused", [this] { set_.ErrorOf("7,8\n9"); }},
       {"nothing", [this] { set_->Clear(); }},
   };
   for (const auto& [name, change] : kChanges) {
@@ -92,6 +91,14 @@ TEST_F(InMemoryExtraSet, EndsWithItsData) {
     EXPECT_FALSE(extra_->Exists()) << name;
     EXPECT_EQ(extra_->Rows(), 0) << name;
   }
+}
+
+TEST_F(InMemoryExtraSet, OutlivesATextThatIsRefused) {
+  set_.State().extra_set = CellArray(5, 1);
+  set_.State().extra_set_exists = true;
+  set_.ErrorOf("7,8\n9");
+  EXPECT_TRUE(extra_->Exists());
+  EXPECT_EQ(extra_->Rows(), 5);
 }
 
 TEST_F(InMemoryExtraSet, StaysWhereNoOtherDataCome) {
