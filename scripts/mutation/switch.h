@@ -15,8 +15,9 @@ namespace mutation {
 /// More than the number of any mutant.
 inline constexpr std::size_t kCapacity = 1 << 16;
 
-/// The number in TSLM5_MUTANT, 0 for none; and, when TSLM5_REACHED names a file of `kCapacity` bytes, the
-/// places that were reached: byte n of it is set when mutant n's place is executed. Allocates nothing.
+/// The number in TSLM5_MUTANT, 0 for none; and, when TSLM5_REACHED names a file of `kCapacity`
+/// bytes, the places that were reached: byte n of it is set when mutant n's place is executed.
+/// Allocates nothing.
 struct Choice {
   Choice() noexcept {
     const char* const number = std::getenv("TSLM5_MUTANT");
