@@ -64,7 +64,7 @@ void FitLabels(const RunAccess& run, IDataSet& training) {
   std::vector<RunColumn> written;
   written.reserve(static_cast<std::size_t>(columns));
   for (std::int32_t column = 0; column < columns; ++column) {
-    written.push_back({"d" + std::to_string(column), false, 0, false});
+    written.push_back({std::string("d").append(std::to_string(column)), false, 0, false});
   }
   run.Columns().WriteColumns(written, false);
 }

@@ -69,7 +69,7 @@ TEST(LoaderAgreement, TheSurveyCountsWhatTheRunHolds) {
     } catch (const Failure&) {
       continue;
     }
-    const Transaction transaction(session);
+    const Transaction transaction(session.Connection());
     const Ref<IDataSet> data_set = session.AttachDataSet(data_set_type::kTraining);
     data_set->Parse(text.path, separator.code, has_labels, data_set_type::kTraining,
                     is_transposed ? layout_code::kRecordsInColumns : layout_code::kRecordsInRows);
