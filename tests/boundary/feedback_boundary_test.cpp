@@ -95,14 +95,16 @@ class FeedbackBoundary : public DataSetLiteTest {
   Ref<CallingFeedback> feedback_ = MakeObject<CallingFeedback>();
 };
 
-TEST_F(FeedbackBoundary, WhatItThrowsReachesTheCallerAndUndoesThePass) {
+TEST_F(FeedbackBoundary, WhatItThrowsReachesTheCallerAndUndoesAllFigures) {
   AtEveryCall([this](std::size_t place) {
     EXPECT_EQ(Try(place, []() -> bool { throw Error(4711); }), 4711) << place;
-    ExpectUndone(place);
+    EXPECT_EQ(Columns(), kOldColumns) << place;
+    EXPECT_EQ(Classes(), kOldClasses) << place;
     ExpectSound(place);
     Restore();
     EXPECT_EQ(Try(place, []() -> bool { throw std::runtime_error("no Error"); }), 51) << place;
-    ExpectUndone(place);
+    EXPECT_EQ(Columns(), kOldColumns) << place;
+    EXPECT_EQ(Classes(), kOldClasses) << place;
     ExpectSound(place);
   });
 }
