@@ -7,7 +7,6 @@
 #include "storage/run_statements.h"
 #include "storage/sql_number.h"
 #include "storage/sqlite_helpers.h"
-#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -45,12 +44,6 @@ double OtherCode(const DataSetLiteState& state, std::string_view response, doubl
               "All categories of the response have the same numeric value.");
 }
 
-/// The cells have changed: their figures no longer fit.
-void NoteChange(DataSetLiteState& state) noexcept {
-  state.statistics.Empty();
-  state.is_dirty = true;
-}
-
 }  // namespace
 
 std::string NominalMetadataFacet::Response(const char* source) const {
@@ -85,19 +78,18 @@ void NominalMetadataFacet::UpdateCategory(std::string_view pName, std::string_vi
   const std::string value = SqlNumber(pValue.ToDouble());
   const Ref<IConnection> connection = ConnectionOf(state_);
   for (const std::string_view text : {pName, pNominal}) RefuseApostrophe(text, "UpdateCategory");
-  Transaction transaction(*connection);
   // The code itself is not wanted: an unknown category fails here, before anything is changed.
   SqliteHelpers::QueryDouble(*connection,
                              FillStatement(run_statement::kSelectCategoryCode,
                                            {{"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
   Execute(FillStatement(run_statement::kUpdateCategoryCode,
                         {{"<VALUE>", value}, {"<NAME>", pName}, {"<NOMINAL>", pNominal}}));
-  const auto recode = [&](std::string_view table) {
-    Execute(CellsStatement(run_statement::kUpdateCategoryCells, table, pName, value, pNominal));
-  };
-  recode(kTrainingSet);
-  if (TestingSetExists()) recode(kTestingSet);
-  transaction.Commit([this] { NoteChange(state_); });
+  state_.is_dirty = true;
+  Execute(
+      CellsStatement(run_statement::kUpdateCategoryCells, kTrainingSet, pName, value, pNominal));
+  state_.statistics.Empty();
+  if (!TestingSetExists()) return;
+  Execute(CellsStatement(run_statement::kUpdateCategoryCells, kTestingSet, pName, value, pNominal));
 } catch (...) {
   RaiseAsError();
 }
@@ -143,8 +135,6 @@ bool NominalMetadataFacet::IsResponseMerging() {
 
 void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   const std::string response = Response("UpdateMergingResponseCategories");
-  const Ref<IConnection> connection = ConnectionOf(state_);
-  Transaction transaction(*connection);
   const auto query = [this, &response](std::string_view statement) {
     return SqliteHelpers::QueryString(*ConnectionOf(state_), OfColumn(statement, response));
   };
@@ -164,15 +154,16 @@ void NominalMetadataFacet::UpdateMergingResponseCategories() try {
   Execute(FillStatement(
       run_statement::kUpdateResponseEncoding,
       {{"<CLASS>", positive_class}, {"<POSITIVE>", positive}, {"<NEGATIVE>", negative}}));
+  state_.is_dirty = true;
   const auto encode = [&](std::string_view table) {
     Execute(
         CellsStatement(run_statement::kUpdateCategoryCells, table, name, positive, positive_class));
+    state_.statistics.Empty();
     Execute(CellsStatement(run_statement::kUpdateOtherCategoryCells, table, name, negative,
                            positive_class));
   };
   encode(kTrainingSet);
   if (TestingSetExists()) encode(kTestingSet);
-  transaction.Commit([this] { NoteChange(state_); });
 } catch (...) {
   RaiseAsError();
 }

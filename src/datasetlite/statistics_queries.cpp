@@ -1,11 +1,9 @@
 // `IDataSet`: figures of columns and classes, answered from the statistics cache.
 #include <string>
-#include <utility>
 
 #include "datasetlite/data_set_facet.h"
 #include "platform/only_errors.h"
 #include "statistics/data_record_statistics.h"
-#include "tslm5/engine/transaction.h"
 #include "tslm5/platform/error.h"
 
 namespace tslm5 {
@@ -74,14 +72,12 @@ void DataSetFacet::CalculateStatistics(IFeedback* pFeedback) try {
   if (!state_.table) return;
   const Ref<IDataSet> keep_alive(this);  // the feedback object may let go of the set
   const Ref<IConnection> connection = ConnectionOf(state_);
-  Transaction transaction(*connection);
-  StatisticsCache figures;
-  const bool is_done = DataRecordStatistics::CalculateTableStatistics(
-      *connection, state_.table->TypeCode(), state_.table->Name(), pFeedback);
-  if (is_done) figures.EnsureRead(*connection, state_.data_set_type);
-  transaction.Commit([&] {
-    if (is_done) state_.statistics = std::move(figures);
-  });
+  if (!DataRecordStatistics::CalculateTableStatistics(*connection, state_.table->TypeCode(),
+                                                      state_.table->Name(), pFeedback)) {
+    return;
+  }
+  state_.statistics.ExpectTables();
+  state_.statistics.EnsureRead(*connection, state_.data_set_type);
 } catch (...) {
   RaiseAsError();
 }

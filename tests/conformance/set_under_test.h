@@ -49,7 +49,6 @@ struct Meant {
   std::int32_t absent_original_index_error;
 
   bool parses_strings;
-  bool keeps_data_through_a_bad_load;
   std::int32_t missing_file_error;
   bool has_target_figures;
 

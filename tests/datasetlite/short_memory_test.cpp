@@ -83,22 +83,5 @@ TEST_P(DataSetLiteShortMemory, LeavesNoTableOfACloneThatFailed) {
   EXPECT_EQ(LiteSet(clone).Records(), (Lines{"1,2,3", "4,5,6"}));
 }
 
-TEST_P(DataSetLiteShortMemory, LeavesNoFiguresOfStatisticsThatFailed) {
-  bool is_done = false;
-  const auto calculate = [&] {
-    plain_->CalculateStatistics(nullptr);
-    is_done = true;
-  };
-  const long count = FailInTurn(GetParam(), calculate, [&] {
-    for (const char* table : {"DataSetStatistics", "DataSetClassStatistics"}) {
-      EXPECT_EQ(!asked_run_.TableRows(table).empty(), is_done) << table;
-      asked_run_.Execute("DELETE FROM " + std::string(table));
-    }
-    is_done = false;
-  });
-  EXPECT_GT(count, 20);
-  EXPECT_EQ(plain_->GetGlobalCentroid(0), 2.5);
-}
-
 }  // namespace
 }  // namespace tslm5

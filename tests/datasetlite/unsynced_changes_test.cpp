@@ -75,20 +75,6 @@ TEST_F(UnsyncedChanges, OfAClearAreDone) {
   EXPECT_FALSE(run_.Connection()->TableExists("TrainingSet"));
 }
 
-TEST_F(UnsyncedChanges, OfStatisticsAreServed) {
-  ExpectTold([&] { unsynced_->CalculateStatistics(nullptr); });
-  EXPECT_EQ(unsynced_->GetGlobalCentroid(0), 1.75);
-}
-
-TEST_F(UnsyncedChanges, OfACodeForgetTheFigures) {
-  RaisedNumber([&] { unsynced_->CalculateStatistics(nullptr); });
-  ExpectTold(
-      [&] { unsynced_.As<INominalDataSetMetadata>()->UpdateCategory("d0", "red", Variant(9)); });
-  EXPECT_EQ(unsynced_->GetGlobalCentroid(0), 0.0);
-  EXPECT_EQ(unsynced_->GetItem(0, 0), 9.0);
-  EXPECT_TRUE(unsynced_.IsDirty());
-}
-
 TEST_F(UnsyncedChanges, OfFilledGapsAreNoFailure) {
   EXPECT_TRUE(unsynced_.As<IMissingMetadata>()->ApplyMissing(1));
   EXPECT_EQ(Training("d1"), (Lines{"10", "5", "7.5", "30"}));

@@ -36,8 +36,8 @@ class CommaLocaleTest(HostCase):
 
     def test_check_accepts_the_users_numbers_and_tells_the_place_of_others(self):
         file = self.write("commas.csv", "a;b\n1,5;2\n2,5;-3e2\n")
-        self.assertTrue(json.loads(self.done("check", file, "--json", **GERMAN))["valid"])
-        result = self.program("check", file)
+        self.assertTrue(json.loads(self.done("check", file, "--fixed", "--json", **GERMAN))["valid"])
+        result = self.program("check", file, "--fixed")
         self.assertEqual(result.returncode, 1)
 
     def test_load_makes_the_same_run(self):
@@ -64,7 +64,8 @@ class CommaLocaleTest(HostCase):
         self.assert_same_run()
 
     def test_a_series_is_embedded_and_drawn_alike(self):
-        self.load_both(SERIES, SERIES.replace(".", ","), "--problem", "timeseries", "--no-labels")
+        self.load_both(SERIES, SERIES.replace(".", ","), "--problem", "timeseries", "--no-labels",
+                       "--separator", "none")
         self.same("plot", "y", "--width", "40")
         self.same("embed", "--dimension", "2", "--delay", "1")
         self.assert_same_run()
@@ -82,7 +83,9 @@ class CommaLocaleTest(HostCase):
         points = "a;b\n1.5;1\n2.25;2\n3.5;3\n4.75;4\n"
         options = ("--testing-share", "0.5", "--normalize", "minmax")
         self.load_both(points, points.replace(".", ","), *options)
-        self.assertIn("LC_ALL=de_DE.UTF-8 tslm5 load", self.done("history", self.commas, **GERMAN))
+        told = self.done("history", self.commas, **GERMAN)
+        self.assertIn("--decimal=comma", told)
+        self.assertNotIn("LC_ALL", told)
         self.same("reset")
         self.assert_same_run()
         self.same("undo")

@@ -185,13 +185,15 @@ const Operation kOperations[] = {
      }},
     {"update-category", LoadTraining,
      [](Subject& subject) {
-       subject.set.As<INominalDataSetMetadata>()->UpdateCategory("d0", "red", 7.5);
-       return true;
+       return InTransaction(subject, [&subject] {
+         subject.set.As<INominalDataSetMetadata>()->UpdateCategory("d0", "red", 7.5);
+       });
      }},
     {"update-merging", LoadTraining,
      [](Subject& subject) {
-       subject.set.As<INominalDataSetMetadata>()->UpdateMergingResponseCategories();
-       return true;
+       return InTransaction(subject, [&subject] {
+         subject.set.As<INominalDataSetMetadata>()->UpdateMergingResponseCategories();
+       });
      }},
     {"save-positive-class", LoadTraining,
      [](Subject& subject) {
@@ -207,8 +209,7 @@ const Operation kOperations[] = {
      [](Subject& subject) { return subject.set.As<IMissingMetadata>()->ApplyMissing(1); }},
     {"calculate-statistics", LoadTraining,
      [](Subject& subject) {
-       subject.set->CalculateStatistics(nullptr);
-       return true;
+       return InTransaction(subject, [&subject] { subject.set->CalculateStatistics(nullptr); });
      }},
     {"clear", LoadTraining,
      [](Subject& subject) {

@@ -13,7 +13,7 @@ namespace tslm5 {
 /// The categorical columns of a run: their categories, numeric codes, and the response's encoding.
 /// Columns are zero-based; column i is named "d" and i. But for `GetIsCategorical` every call reads
 /// the tables. Values are pasted into statements as they are, so one with an apostrophe raises 1
-/// before the first of them. What the engine raises passes on, and nothing has been changed then;
+/// before the first of them. What the engine raises passes on and what was done before stays;
 /// without a run 41001.
 class INominalDataSetMetadata : public IUnknown {
  public:
@@ -29,7 +29,8 @@ class INominalDataSetMetadata : public IUnknown {
   virtual Variant GetCategoricalNames() = 0;
   /// Gives a category of the column `pName` another code, and its cells in the training and the
   /// testing table with it. An unknown category raises 100, text that is no number and not a
-  /// number 13, infinity 6. One transaction, also inside one of the application.
+  /// number 13, infinity 6; nothing has been changed then. Not one transaction: begin one to have
+  /// all or nothing.
   virtual void UpdateCategory(std::string_view pName, std::string_view pNominal,
                               const Variant& pValue) = 0;
   /// Whether the response can be used as a binary one: two codes, one of them of a single nominal
@@ -45,9 +46,9 @@ class INominalDataSetMetadata : public IUnknown {
   /// Writes the binary response into the tables: the category of the smallest group of one code
   /// (the positive class) gets its code, every other record the code of the largest group. Of
   /// groups of one size either may be the positive class. Raises 100 when the response has no
-  /// categories, 41011 when they share one code or the set has no data, 13 when they have none.
-  /// Whether the response is fit for it is not asked: see `AnalyseResponseCategories`. One
-  /// transaction, also inside one of the application.
+  /// categories, 41011 when they share one code or the set has no data, 13 when they have none;
+  /// nothing has been changed then. Whether the response is fit for it is not asked: see
+  /// `AnalyseResponseCategories`.
   virtual void UpdateMergingResponseCategories() = 0;
   /// Left as they came when the run has no encoding. Zero is the negative class's value, one the
   /// positive class's.

@@ -44,6 +44,7 @@ void OnceStored(Change change, Follow follow) {
 /// connection.
 class Transaction {
  public:
+  /// Begins it. Raises what the engine raises.
   explicit Transaction(IConnection& connection)
       : connection_(connection), guarded_(Query<IGuardedTransactions>(&connection)) {
     if (guarded_) {
@@ -70,6 +71,8 @@ class Transaction {
                  take_over();
                });
   }
+  /// Keeps the changes. Raises what the engine raises; they are undone then, but for
+  /// `kStoredUnsynced`.
   void Commit() {
     Commit([] {});
   }
