@@ -6,7 +6,6 @@ namespace tslm5 {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class LoadingConformance : public ConformanceTest {};
 TSLM5_CONFORMANCE_SUITE(LoadingConformance);
