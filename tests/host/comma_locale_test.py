@@ -32,7 +32,8 @@ class CommaLocaleTest(HostCase):
         (schema, tables), (other_schema, others) = contents(self.points), contents(self.commas)
         self.assertEqual(schema, other_schema)
         for name in set(tables) - {"RunHistory", "OriginalData"}:
-            self.assertEqual(others[name], tables[name], name)
+            other = [row for row in others[name] if "TestingDecimalComma" not in row]
+            self.assertEqual(other, tables[name], name)
 
     def test_check_accepts_the_users_numbers_and_tells_the_place_of_others(self):
         file = self.write("commas.csv", "a;b\n1,5;2\n2,5;-3e2\n")
