@@ -47,9 +47,11 @@ Findings Refused(const std::string& words) {
 Findings Check(const CheckOptions& options, const CheckRequest& request) {
   Findings findings;
   findings.first = CheckFile(request);
-  findings.whole = findings.first.is_valid
-                       ? findings.first
-                       : CheckWholeFile(request, options.all ? options.most_problems : 0);
+  findings.whole =
+      findings.first.is_valid
+          ? findings.first
+          : CheckWholeFile(request,
+                           static_cast<std::int64_t>(options.all ? options.most_problems : 0));
   return findings;
 }
 

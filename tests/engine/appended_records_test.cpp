@@ -153,8 +153,9 @@ TEST(AppendedRecords, AreThoseOfAnInsertForTextsOfEverySize) {
   for (std::size_t size = 0; size < 300; ++size) {
     tables.Append({Text(std::string_view(text).substr(0, size)), RecordCell{}}, ++key);
   }
-  for (const std::size_t size : {3900, 4050, 4060, 4061, 4062, 8000, 16000, 65400, 65500, 65501,
-                                 65536, 100000, 262144, 400000}) {
+  constexpr std::size_t kSizes[] = {3900,  4050,  4060,  4061,  4062,   8000,   16000,
+                                    65400, 65500, 65501, 65536, 100000, 262144, 400000};
+  for (const std::size_t size : kSizes) {
     tables.Append({Text(std::string_view(text).substr(0, size)), Text("\u00e9\u20ac\xff'")}, ++key);
   }
   for (int i = 0; i < 200; ++i) tables.Append({Text(""), Text("'")}, ++key);

@@ -31,7 +31,7 @@ TEST(Varint, HoldsEightBitsInTheNinthByte) {
 
 TEST(Varint, ReadsBackWhatItWrote) {
   for (int bit = 0; bit < 64; ++bit) {
-    for (const std::uint64_t less : {0, 1}) {
+    for (const std::uint64_t less : {std::uint64_t{0}, std::uint64_t{1}}) {
       const std::uint64_t value = (std::uint64_t{1} << bit) - less;
       const std::string bytes = Varint(value);
       EXPECT_EQ(bytes.size(), VarintSize(value)) << value;
@@ -71,7 +71,8 @@ TEST(RecordEncoder, StoresOtherNumbersAsEightBytes) {
 }
 
 TEST(RecordEncoder, CountsTheHeadersSizeInTheHeader) {
-  for (const std::size_t cells : {1, 126, 127, 2000}) {
+  constexpr std::size_t kCounts[] = {1, 126, 127, 2000};
+  for (const std::size_t cells : kCounts) {
     RecordEncoder encoder;
     encoder.Begin(cells);
     for (std::size_t i = 0; i < cells; ++i) encoder.AddNull();
