@@ -36,7 +36,7 @@ IConnection& RunAccess::Connection() const {
 
 Ref<IDataSet> RunAccess::OpenDataSet(std::int32_t type) const {
   if (!sets_->HasSet(type)) return nullptr;
-  const auto data_set = MakeDataSetLite().As<IDataSet>();
+  auto data_set = MakeDataSetLite().As<IDataSet>();
   const bool is_loaded = data_set.As<IPersistable>()->Load(Run(), Variant(type));
   const bool is_read = is_loaded && data_set->Columns() == sets_->SetColumns(type) &&
                        (data_set->Rows() > 0 || !sets_->HasRecords(type));

@@ -37,7 +37,9 @@ ResetResult Perform(const RunAccess& run, const std::string& command,
     RaiseNotPossible("nothing to " + command + ": no reset is pending");
   }
   CreateRunTables(run.Connection());
-  change(*training.As<ITimeSeriesChanges>());
+  const auto changes = training.As<ITimeSeriesChanges>();
+  if (!changes) RaiseNotPossible("the training set cannot be reset");
+  change(*changes);
   result.rows = training->Rows();
   result.columns = training->Columns();
   result.backup_rows = run.Sets().BackupRows();
