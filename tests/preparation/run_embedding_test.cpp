@@ -45,7 +45,8 @@ TEST_F(RunEmbeddingTest, MakesRecordsLabelsTextsAndAStep) {
   EXPECT_THAT(run_.TableRows("OriginalData"), ElementsAre("t1|t2|t3|1", "t2|t3|t4|2"));
   EXPECT_THAT(run_.Select("SELECT Name, IsResponse FROM DataSetColumn"),
               ElementsAre("d0|0", "d1|0", "d2|1"));
-  EXPECT_THAT(run_.Select("SELECT Label FROM OriginalDataLabels"), ElementsAre("t_2", "t_1", "t_0"));
+  EXPECT_THAT(run_.Select("SELECT Label FROM OriginalDataLabels"),
+              ElementsAre("t_2", "t_1", "t_0"));
   EXPECT_THAT(run_.Select("SELECT intvalue FROM RunParameters WHERE element = 'ProblemCategory'"),
               ElementsAre("2"));
   EXPECT_THAT(run_.Select("SELECT COUNT(*) FROM DataSetStatistics WHERE DataSetId = 1"),
